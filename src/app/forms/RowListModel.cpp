@@ -3,8 +3,12 @@
 #include "app/forms/RowListModel.h"
 
 #include "app/forms/Dialogs.h"
+#include "platform/CodePage.h"
+#include "platform/HostPath.h"
 
 #include <QFont>
+#include <QFontMetrics>
+#include <QGuiApplication>
 #include <QTimerEvent>
 
 #include <algorithm>
@@ -14,6 +18,7 @@ namespace calyvox {
 namespace {
 
 constexpr int kFlushMs = 40;
+constexpr int kRowRoom = 6; // pixels between the texts of two rows
 
 } // namespace
 
@@ -23,6 +28,11 @@ RowListModel::RowListModel(RowList& rows, QStringList titles, QObject* parent)
     RowList::Listener listener;
     listener.Changed = [this](std::size_t first, std::size_t last) { OnChange(first, last); };
     listener.Reset = [this] { OnReset(); };
+    listener.Reordered = [this](const std::vector<std::size_t>& old) { OnReorder(old); };
+    listener.SelectionChanged = [this](std::size_t first, std::size_t last) {
+        emit RowsSelectionChanged(static_cast<int>(first), static_cast<int>(last));
+    };
+    listener.CurrentChanged = [this] { emit CurrentRowChanged(); };
     rows_.SetListener(std::move(listener));
 }
 
@@ -42,6 +52,21 @@ void RowListModel::OnReset() {
     firstChanged_ = 0;
     lastChanged_ = -1;
     endResetModel();
+}
+
+// The open editor, the current index and whatever else holds an index goes with its row.
+void RowListModel::OnReorder(const std::vector<std::size_t>& old) {
+    Flush();
+    emit layoutAboutToBeChanged({}, VerticalSortHint);
+    const QModelIndexList from = persistentIndexList();
+    std::vector<int> now(old.size());
+    for (std::size_t i = 0; i < old.size(); ++i)
+        now[old[i]] = static_cast<int>(i);
+    QModelIndexList to;
+    for (const QModelIndex& one : from)
+        to << index(now[static_cast<std::size_t>(one.row())], one.column());
+    changePersistentIndexList(from, to);
+    emit layoutChanged({}, VerticalSortHint);
 }
 
 void RowListModel::Flush() {
@@ -73,11 +98,19 @@ int RowListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(titles_.size());
 }
 
+void RowListModel::SetAlignment(int column, Qt::Alignment alignment) {
+    alignments_[column] = alignment;
+    emit headerDataChanged(Qt::Horizontal, column, column);
+}
+
 QVariant RowListModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || index.row() >= rowCount()) return {};
+    // A list on hold may have fewer rows than were told.
+    if (!index.isValid() || static_cast<std::size_t>(index.row()) >= rows_.Count()) return {};
+    if (role == Qt::TextAlignmentRole) return headerData(index.column(), Qt::Horizontal, role);
     const RowList::Row& row = rows_.At(static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return Dialogs::NameText(RowList::Cell(row, static_cast<std::size_t>(index.column())));
+    if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QGuiApplication::font()).height() + kRowRoom);
     if (role == Qt::FontRole && row.Bold) {
         QFont font;
         font.setBold(true);
@@ -87,13 +120,39 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-    return titles_.value(section);
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::TextAlignmentRole && alignments_.contains(section))
+        return static_cast<int>(alignments_[section] | Qt::AlignVCenter);
+    return role == Qt::DisplayRole ? titles_.value(section) : QVariant();
 }
 
 Qt::ItemFlags RowListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
     return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+}
+
+// Most rows are told apart by their first byte, and become no text.
+bool RowListModel::BeginsWith(int row, const QString& beginning) const {
+    const std::string& text = rows_.At(static_cast<std::size_t>(row)).Text;
+    if (text.empty()) return false;
+    const char32_t first = QChar::toCaseFolded(CodePage::ToCodePoint(text.front()));
+    if (text.front() != HostPath::kEscapeLead && first != beginning.front().toCaseFolded().unicode())
+        return false;
+    const auto enough = static_cast<std::size_t>(beginning.size()) * HostPath::kEscapeLength;
+    return Dialogs::NameText(text.substr(0, enough)).startsWith(beginning, Qt::CaseInsensitive);
+}
+
+QModelIndexList RowListModel::match(const QModelIndex& start, int role, const QVariant& value, int hits,
+                                    Qt::MatchFlags flags) const {
+    const QString beginning = value.toString();
+    if (role != Qt::DisplayRole || hits != 1 || !flags.testFlag(Qt::MatchStartsWith) || beginning.isEmpty())
+        return QAbstractTableModel::match(start, role, value, hits, flags);
+    const int count = std::min(rowCount(), static_cast<int>(rows_.Count()));
+    for (int i = 0; i < count; ++i) {
+        const int row = (start.row() + i) % count;
+        if (BeginsWith(row, beginning)) return {index(row, start.column())};
+    }
+    return {};
 }
 
 } // namespace calyvox
