@@ -3,9 +3,9 @@
 #include "app/Services.h"
 #include "app/SettingsCatalogue.h"
 #include "app/Version.h"
-#include "app/forms/Dialogs.h"
 #include "app/forms/Display.h"
 #include "app/forms/Forms.h"
+#include "app/forms/WindowServices.h"
 #include "app/forms/frmWelcome.h"
 #include "app/modBase.h"
 #include "app/modReport.h"
@@ -133,7 +133,7 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
 
     int exitStatus = ExitStatus::kNoErrors;
-    Dialogs::InstallServices(display);
+    InstallServices(display);
     modBase::ConnectEngine();
     RegisterForms(display, exitStatus);
     try {

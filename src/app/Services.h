@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -26,6 +27,16 @@ inline constexpr int kYes = 6;
 inline constexpr int kNo = 7;
 } // namespace MsgBox
 
+/// What the progress window shows: one bar for the whole pass, one for the copy of one file (in bytes).
+struct ProgressState {
+    std::string Caption = "Process running ...";
+    std::int64_t Max = 100;
+    std::int64_t Value = 0;
+    std::int64_t WriteMax = 100;
+    std::int64_t WriteValue = 0;
+    bool CanCancel = true;
+};
+
 /// What the floors without windows ask of them. The windows put the real ones in at start-up, tests their
 /// own; the defaults answer and do nothing.
 struct Services {
@@ -34,6 +45,19 @@ struct Services {
         [](const std::string&, int, const std::string&) { return MsgBox::kOk; };
     /// Lets pending window events run; called once per file or row of a pass.
     std::function<void()> Yield = [] {};
+
+    /// The progress window; Progress alone calls these.
+    std::function<void()> LoadProgress = [] {};
+    std::function<void(const ProgressState& state)> PaintProgress = [](const ProgressState&) {};
+    std::function<void()> UnloadProgress = [] {};
+
+    /// Shows the window of TheErrors() beside the others; brings what it shows up to date.
+    std::function<void()> ShowErrors = [] {};
+    std::function<void()> PaintErrors = [] {};
+
+    /// The line of the welcome window, and its end.
+    std::function<void(const std::string& text)> WelcomeStatus = [](const std::string&) {};
+    std::function<void()> UnloadWelcome = [] {};
 };
 
 /// The one set of the process.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/modBase.h"
 
+#include "app/Progress.h"
 #include "app/Services.h"
 #include "app/SettingsCatalogue.h"
 #include "app/modReport.h"
@@ -49,6 +50,8 @@ void ConnectEngine() {
         return static_cast<int>(MsgResult);
     };
     Host().ReportLine = ReportLine;
+    Host().WriteBarMax = Progress::SetWriteMax;
+    Host().WriteBarValue = Progress::SetWriteValue;
     Host().NewTagVersion = [] { return CodePage::LeadingByte(ReadSetting("Settings\\ID3V2Ver", "3")); };
 }
 

@@ -3,7 +3,7 @@
 #include "app/forms/Forms.h"
 
 #include "app/Services.h"
-#include "app/forms/Dialogs.h"
+#include "app/forms/WindowServices.h"
 #include "app/forms/Form.h"
 
 #include <QTest>
@@ -19,8 +19,11 @@ namespace {
 struct Recorder : Form {
     ~Recorder() override { Log += "delete "; }
     void Load() override { Log += "load "; }
-    bool QueryUnload() override { return !Refuses; }
-    void Unload() override { Log += isVisible() ? "unload-seen " : "unload "; }
+    bool QueryUnload(UnloadReason) override { return !Refuses; }
+    bool Unload() override {
+        Log += isVisible() ? "unload-seen " : "unload ";
+        return true;
+    }
 
     inline static std::string Log;
     inline static bool Refuses = false;
@@ -48,7 +51,7 @@ TEST(FormsTest, ATouchMakesAFormOnceAndUnloadLetsTheNextMakeANewOne) {
 }
 
 TEST(MessageBoxTest, KeysAndButtonsGiveTheirCodes) {
-    Dialogs::InstallServices(true);
+    InstallServices(true);
     // Buttons, answer, code, icon.
     const int kCases[][4] = {
         {kOkOnly | kExclamation, Qt::Key_Escape, kOk, QMessageBox::Warning},

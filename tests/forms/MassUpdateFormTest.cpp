@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/Services.h"
 #include "app/SettingsCatalogue.h"
-#include "app/forms/Dialogs.h"
 #include "app/forms/Forms.h"
+#include "app/forms/WindowServices.h"
 #include "app/modBase.h"
 #include "automation/forms/frmMassUpdate.h"
 #include "support/HostScope.h"
@@ -25,7 +25,7 @@ const std::string kAudio = build::Audio();
 class MassUpdateFormTest : public testing::Test {
 protected:
     MassUpdateFormTest() {
-        Dialogs::InstallServices(true);
+        InstallServices(true);
         TheServices().MessageBox = Host().ShowMessage;
         Forms::Instance().Register("frmMassUpdate", [] { return new frmMassUpdate({}); });
         WriteSetting("Settings\\UnSync", "1", RegistryStore::kNumber);

@@ -4,17 +4,35 @@
 
 #include <QString>
 
+#include <functional>
 #include <string>
 
-/// Text between bytes and controls, and the boxes of the program.
-namespace calyvox::Dialogs {
+/// Text between bytes and controls, and the places of windows.
+namespace calyvox {
+
+class Form;
+
+namespace Dialogs {
+
+/// Form units: a logical pixel has 15 twips.
+inline constexpr int kTwips = 15;
 
 /// Code page bytes as a control shows them; exact both ways for all 256.
 QString TagText(const std::string& bytes);
-/// The same for names and paths (see HostPath): escapes show what they stand for.
+/// Back; a character that the page lacks becomes "?".
+std::string TagBytes(const QString& text);
+/// The same as TagText for names and paths (see HostPath): escapes show what they stand for.
 QString NameText(const std::string& path);
 
-/// Puts the real services in. Without a display, boxes go to standard error and answer their default.
-void InstallServices(bool display);
+/// A dialog's place in "Settings\Dialogs\<name>Top" and "...Left", in twips. Where the window system tells
+/// no places the stored one stays; a store that fails is passed over.
+void SaveDialogPosition(const Form& form);
+void LoadDialogPosition(Form& form);
+/// Whether windows know their place on the screen.
+bool PlacesAreKnown();
 
-} // namespace calyvox::Dialogs
+/// Runs a handler of an event; a failure that comes out of it is shown in a box.
+void Guarded(const std::function<void()>& handler);
+
+} // namespace Dialogs
+} // namespace calyvox

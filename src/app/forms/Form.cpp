@@ -10,7 +10,7 @@ namespace calyvox {
 
 void Form::closeEvent(QCloseEvent* event) {
     event->ignore();
-    Forms::Instance().Unload(objectName());
+    Forms::Instance().Unload(objectName(), UnloadReason::CloseBox);
 }
 
 } // namespace calyvox

@@ -12,12 +12,16 @@ class Form : public QWidget {
     Q_OBJECT
 
 public:
+    enum class UnloadReason { CloseBox, Code };
+
     /// Runs once, when Forms has entered the form; it may unload the form again.
     virtual void Load() {}
     /// False keeps the form open.
-    virtual bool QueryUnload() { return true; }
-    /// The last that the form does.
-    virtual void Unload() {}
+    virtual bool QueryUnload(UnloadReason) { return true; }
+    /// The last that the form does; false keeps it open after all.
+    virtual bool Unload() { return true; }
+    /// A form that was opened from this one has gone.
+    virtual void Activated() {}
 
 protected:
     void closeEvent(QCloseEvent* event) override;

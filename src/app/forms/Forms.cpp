@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/forms/Forms.h"
 
-#include "app/forms/Form.h"
-
 namespace calyvox {
 
 Forms& Forms::Instance() {
@@ -27,14 +25,69 @@ void Forms::Show(const QString& name) {
     if (Form* form = Touch(name)) form->show();
 }
 
-bool Forms::Unload(const QString& name) {
+void Forms::ShowModal(const QString& name, const QString& owner) {
+    Form* form = Touch(name);
+    if (!form) return;
+    owners_.insert(name, owner);
+    ShowAbove(*form, owner);
+}
+
+void Forms::ShowBlocking(const QString& name, const QString& fallbackOwner) {
+    if (Form* form = Touch(name)) ShowAbove(*form, modal_.isEmpty() ? fallbackOwner : modal_.last());
+}
+
+// Modality of a visible window changes only when it is shown anew.
+void Forms::ShowAbove(Form& form, const QString& owner) {
+    form.hide();
+    if (Form* above = loaded_.value(owner, nullptr)) SetFormOwner(form, *above);
+    form.setWindowModality(Qt::ApplicationModal);
+    modal_.removeAll(form.objectName());
+    modal_.append(form.objectName());
+    form.show();
+    form.raise();
+    form.activateWindow();
+}
+
+void Forms::SetFormOwner(Form& child, Form& owner) {
+    if (child.parentWidget() == &owner) return;
+    const QPoint place = child.pos();
+    child.setParent(&owner, (child.windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
+    child.move(place);
+}
+
+void Forms::HideAndReturn(const QString& name, const QString& owner) {
+    if (Form* form = loaded_.value(name, nullptr)) form->hide();
+    Activate(owner);
+}
+
+void Forms::Activate(const QString& name) {
+    Form* form = loaded_.value(name, nullptr);
+    if (!form) return;
+    form->activateWindow();
+    form->Activated();
+}
+
+bool Forms::UnloadModal() {
+    while (!modal_.isEmpty())
+        if (!Unload(QString(modal_.last()), Form::UnloadReason::CloseBox)) return false;
+    return true;
+}
+
+bool Forms::Unload(const QString& name, Form::UnloadReason reason) {
     Form* form = loaded_.value(name, nullptr);
     if (!form) return true;
-    if (!form->QueryUnload()) return false;
-    form->Unload();
+    if (unloading_.contains(name)) return false;
+    unloading_.append(name);
+    const bool goes = form->QueryUnload(reason) && form->Unload();
+    unloading_.removeAll(name);
+    if (!goes) return false;
     form->hide();
     loaded_.remove(name);
+    modal_.removeAll(name);
+    for (Form* other : std::as_const(loaded_))
+        if (other->parentWidget() == form) other->setParent(nullptr, other->windowFlags());
     form->deleteLater();
+    if (owners_.contains(name)) Activate(owners_.take(name));
     if (!AnyLoaded()) lastFormGone_();
     return true;
 }

@@ -58,7 +58,7 @@ void frmMassUpdate::Load() {
     if (modBase::CommandLine.AutoModus() || surroundings_.Unattended) AutoModus();
 }
 
-bool frmMassUpdate::QueryUnload() { return ui_->btnClose->isEnabled(); }
+bool frmMassUpdate::QueryUnload(UnloadReason) { return ui_->btnClose->isEnabled(); }
 
 void frmMassUpdate::AutoModus() {
     update_.ClearErrors();

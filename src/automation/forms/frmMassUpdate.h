@@ -36,7 +36,7 @@ public:
     ~frmMassUpdate() override;
 
     void Load() override;
-    bool QueryUnload() override;
+    bool QueryUnload(UnloadReason reason) override;
     /// Runs the whole update by itself; after errors the form stays, otherwise it goes.
     void AutoModus();
 
