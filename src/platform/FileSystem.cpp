@@ -112,7 +112,7 @@ bool FolderExists(const std::string& path) {
 }
 
 std::optional<FileIdentity> Identity(const std::string& path) {
-    const auto found = StatOf(HostPath::ToHost(path));
+    const auto found = StatOf(HostPath::ToHostFolder(path));
     if (!found) return std::nullopt;
     constexpr std::int64_t kNsPerSecond = 1'000'000'000;
     return FileIdentity{found->st_dev, found->st_ino, found->st_size,

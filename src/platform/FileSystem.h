@@ -27,6 +27,7 @@ struct FileIdentity {
 bool FileExists(const std::string& path);
 /// The empty path is the host's root.
 bool FolderExists(const std::string& path);
+/// Of a folder too, the empty path being the host's root; nothing where there is neither.
 std::optional<FileIdentity> Identity(const std::string& path);
 
 /// Whether the file may not be written: its owner has no write permission, or the host refuses this user.

@@ -1,0 +1,378 @@
+// SPDX-FileCopyrightText: The Calyvox developers
+// SPDX-License-Identifier: MIT
+#include "mainwindow/forms/frmMain.h"
+
+#include "app/Progress.h"
+#include "app/Services.h"
+#include "app/SettingsCatalogue.h"
+#include "app/clsRegistry.h"
+#include "app/forms/Dialogs.h"
+#include "app/forms/Forms.h"
+#include "app/modBase.h"
+#include "app/modReport.h"
+#include "mainwindow/MainWindow.h"
+#include "mainwindow/RowCells.h"
+#include "mainwindow/StartFolder.h"
+#include "mainwindow/forms/CommandBars.h"
+#include "mainwindow/forms/ElidedLabel.h"
+#include "platform/CodePage.h"
+#include "platform/Failure.h"
+#include "platform/FileSystem.h"
+#include "ui_frmMain.h"
+
+#include <QApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <vector>
+
+// Resources of a static library come in only if they are asked for, outside any namespace.
+static void InitResources() { Q_INIT_RESOURCE(icons); }
+
+namespace calyvox {
+
+namespace {
+
+constexpr int kDesignTreeWidth = 200;
+constexpr int kLeastTreeWidth = 60;
+constexpr int kTwips = Dialogs::kTwips;
+constexpr int kColumnCount = static_cast<int>(RowCells::kColumns);
+constexpr const char* kDatabaseKeys[][2] = {
+    {"HKLM\\SOFTWARE\\G.G.\\MusicStation\\1.0\\Applications\\MSScan\\Path", "MP3-MusicStation"},
+    {"HKLM\\Software\\Brofle\\Andantico\\2.0\\Applications\\MSScan\\Path", "Andantico"}};
+
+QStringList Captions() {
+    QStringList captions;
+    for (const std::string_view caption : RowCells::kCaptions)
+        captions << QString::fromUtf8(caption.data(), static_cast<qsizetype>(caption.size()));
+    return captions;
+}
+
+void Welcome(const char* status) {
+    TheServices().WelcomeStatus(status);
+    TheServices().Yield();
+}
+
+void SaveNumber(const std::string& path, int number) {
+    WriteSetting(path, std::to_string(number), RegistryStore::kNumber);
+}
+
+} // namespace
+
+frmMain::frmMain(std::function<void()> endProcess)
+    : ui_(std::make_unique<Ui::frmMain>()), endProcess_(std::move(endProcess)), window_(TheMainWindow()),
+      rows_(window_.FileList, Captions()) {
+    InitResources();
+    ui_->setupUi(this);
+    auto* menuBar = new QMenuBar(this);
+    ui_->layout->setMenuBar(menuBar);
+    rows_.SetAlignment(RowCells::kTrack, Qt::AlignRight);
+    ui_->FileList->SetRows(rows_);
+    ui_->FileList->header()->setSectionsClickable(false);
+    ui_->TreeViewContainer->setMinimumWidth(kLeastTreeWidth);
+    ui_->Splitter->setSizes({kDesignTreeWidth, width() - kDesignTreeWidth});
+    ui_->Splitter->setStretchFactor(1, 1);
+    MakePanels();
+    ConnectView();
+    ConnectCommands();
+    bars_ = std::make_unique<CommandBars>(window_, *this, *menuBar, *ui_->Toolbar);
+    ConnectControls();
+}
+
+frmMain::~frmMain() {
+    window_.View = {};
+    window_.Commands = {};
+}
+
+void frmMain::MakePanels() {
+    for (std::size_t i = 0; i < panels_.size(); ++i) {
+        constexpr std::size_t kPath = 2;
+        panels_.at(i) = i == kPath ? new ElidedLabel(this) : new QLabel(this);
+        panels_.at(i)->setObjectName(QStringLiteral("Panel%1").arg(i + 1));
+        panels_.at(i)->setTextFormat(Qt::PlainText);
+        panels_.at(i)->setFrameStyle(static_cast<int>(QFrame::StyledPanel) |
+                                     static_cast<int>(QFrame::Sunken));
+        panels_.at(i)->setMargin(1);
+        ui_->StatusBar->addWidget(panels_.at(i), i == kPath ? 1 : 0);
+    }
+    panels_[5]->setText(QStringLiteral("NUM"));
+    panels_[6]->setText(QStringLiteral("FEST"));
+    panels_[7]->setText(QStringLiteral("EINFG"));
+    ShowLockKeys();
+    qApp->installEventFilter(this);
+}
+
+void frmMain::ConnectView() {
+    MainWindowView& view = window_.View;
+    view.SetCaption = [this](const std::string& text) { setWindowTitle(Dialogs::TagText(text)); };
+    view.SetRepainting = [this](bool on) { ui_->FileListContainer->setUpdatesEnabled(on); };
+    view.SetTreeEnabled = [this](bool enabled) { ui_->TreeViewContainer->setEnabled(enabled); };
+    view.RefreshTree = [this] { ui_->TreeView->Refresh(); };
+    view.PanelChanged = [this](int panel) { ShowPanel(panel); };
+    view.RefreshList = [this] {
+        rows_.Flush();
+        ui_->FileList->viewport()->update();
+    };
+    view.EnsureVisible = [this](std::size_t row) { ui_->FileList->EnsureVisible(row); };
+    view.VisibleRows = [this] { return static_cast<std::size_t>(ui_->FileList->VisibleRows(true)); };
+}
+
+void frmMain::ConnectCommands() {
+    CommandRunner& commands = window_.Commands;
+    commands.CheckSelection = [this] { return window_.CheckSelection(); };
+    commands.IsFormKnown = [](std::string_view form) {
+        return Forms::Instance().IsRegistered(QString::fromLatin1(form.data(), qsizetype(form.size())));
+    };
+    commands.ShowForm = [this](std::string_view form) {
+        Forms::Instance().ShowModal(QString::fromLatin1(form.data(), qsizetype(form.size())), objectName());
+    };
+    const auto handle = [&](const char* name, auto handler) { commands.SetHandler(name, handler); };
+    MainOptions& options = window_.Options;
+    handle("submnuRefresh", [this] { window_.submnuRefresh(); });
+    handle("submnuSave", [this] { window_.submnuSave(); });
+    handle("submnuSelAll", [this] { window_.FileList.SelectAll(RowList::Flag::On); });
+    handle("submnuQuit", [this] { submnuQuit(); });
+    handle("submnuAbout", [] { MainWindow::submnuAbout(); });
+    handle("submnuSubDir", [this] { window_.submnuSubDir(); });
+    handle("submnuQuickEdit", [&options] { options.submnuQuickEdit(); });
+    handle("submnuNotSave", [&options] { options.submnuNotSave(); });
+    handle("submnuSingleCOMMGenre", [&options] { options.submnuSingleCOMMGenre(); });
+    handle("submnuUnSync", [&options] { options.submnuUnSync(); });
+    handle("View", [this] { window_.SwitchView(); });
+    handle("CLSDFOLD", [this] { ToggleTree(); });
+    for (const int index : {0, 1}) {
+        const auto item = [=](const char* name) { return name + ("(" + std::to_string(index) + ")"); };
+        handle(item("submnuID3Ver").c_str(), [=, &options] { options.submnuID3Ver(index); });
+        handle(item("submnudbl").c_str(), [=, &options] { options.DoubleClick = index + 1; });
+        handle(item("submnuToolbar").c_str(), [=, this] { PlaceToolbar(index + 1); });
+    }
+}
+
+void frmMain::ConnectControls() {
+    connect(ui_->FileList, &RowListView::UserActed, this, [this] {
+        window_.ShowSelectedCount();
+        window_.ShowNameLength();
+    });
+    connect(&rows_, &RowListModel::RowsSelectionChanged, this, [this] { window_.ShowSelectedCount(); });
+    connect(ui_->FileList, &RowListView::RowDoubleClicked, this, &frmMain::OpenEditor);
+    ui_->TreeView->SetBeforeChange([this](const std::string&) {
+        bool changes = false;
+        Dialogs::Guarded([&] { changes = !Progress::Running() && window_.BeforeFolderChange(); });
+        return changes;
+    });
+    connect(ui_->TreeView, &FolderView::Changed, this,
+            [this](const std::string& path) { Skip([&] { window_.FolderChanged(path); }); });
+}
+
+// Whatever fails on the way leaves its control as it was and does not stop the start.
+void frmMain::Load() {
+    ReportLine("frmmain.load: Preparing form");
+    window_.TreeBusy = true;
+    Welcome("Preparing controls");
+    Skip([&] { LoadSettings(); });
+    Skip([&] { LoadColumns(); });
+    Welcome("Getting start directory");
+    FindFolder();
+    Welcome("Getting files");
+    TheServices().UnloadWelcome();
+    Skip([&] { window_.FileListRefresh(); });
+    window_.ShowFolder();
+    Skip([&] { SelectStartFile(); });
+    Skip([&] { LoadDatabaseMenu(); });
+    ShowHeaderIcon(0, true);
+    if (NumberSetting("Settings\\Foldertree") == 0) HideTree();
+    Forms::Instance().Touch(QStringLiteral("frmErrors"));
+    window_.TreeBusy = false;
+    bars_->Update();
+    show();
+    ReportLine("frmmain.load - Load finished");
+}
+
+void frmMain::LoadSettings() {
+    QRect place(pos(), size());
+    if (const auto left = NumberSetting("Settings\\WindowLeft")) place.moveLeft(*left / kTwips);
+    if (const auto top = NumberSetting("Settings\\WindowTop")) place.moveTop(*top / kTwips);
+    if (const auto width = NumberSetting("Settings\\WindowWidth")) place.setWidth(*width / kTwips);
+    if (const auto height = NumberSetting("Settings\\WindowHeight")) place.setHeight(*height / kTwips);
+    resize(place.size());
+    move(place.topLeft());
+    window_.Options.Load();
+    PlaceToolbar(window_.Options.ToolPos);
+    window_.SetPanel(5, window_.Options.SubDir ? "Subdir.: Yes" : "Subdir.: No");
+    bars_->Update();
+}
+
+// A column whose place is not stored keeps its own; of two with the same place the first comes first.
+void frmMain::LoadColumns() {
+    QHeaderView* header = ui_->FileList->header();
+    std::vector<std::pair<int, int>> places;
+    for (int column = 0; column < kColumnCount; ++column) {
+        const auto place = NumberSetting(ColumnSetting("Settings\\ColPos", column + 1));
+        places.emplace_back(place.value_or(column + 1), column);
+        const auto width = NumberSetting(ColumnSetting("Settings\\ColWidth", column + 1));
+        if (width && *width >= 0) header->resizeSection(column, *width / kTwips);
+    }
+    std::sort(places.begin(), places.end());
+    for (int visual = 0; visual < kColumnCount; ++visual)
+        header->moveSection(header->visualIndex(places[static_cast<std::size_t>(visual)].second), visual);
+}
+
+void frmMain::FindFolder() {
+    Skip([] { modBase::ActivPath = FileSystem::CurrentFolder(); });
+    Skip([] { modBase::ActivPath = FindStartFolder(); });
+    ui_->TreeView->SelectPath(modBase::ActivPath);
+}
+
+void frmMain::SelectStartFile() {
+    std::string name = modBase::CommandLine.Filename();
+    if (name.empty()) return;
+    if (CodePage::EndsWithNoCase(name, ".mp3")) name.resize(name.size() - 4);
+    RowList& rows = window_.FileList;
+    std::size_t found = RowList::kNone;
+    for (std::size_t row = 0; row < rows.Count(); ++row) {
+        if (rows.At(row).Text == name) found = row;
+        if (found == RowList::kNone && CodePage::EqualNoCase(rows.At(row).Text, name)) found = row;
+    }
+    if (found == RowList::kNone) return;
+    rows.SelectOnly(found, found);
+    rows.SetCurrent(found);
+    ui_->FileList->EnsureVisible(found);
+}
+
+void frmMain::LoadDatabaseMenu() {
+    QMenu& menu = bars_->Menu("mnuMS");
+    menu.menuAction()->setVisible(false);
+    for (const auto& [key, caption] : kDatabaseKeys) {
+        clsRegistry registry;
+        registry.SetKey(key);
+        if (!registry.KeyExists()) continue;
+        menu.setTitle(QString::fromLatin1(caption));
+        menu.menuAction()->setVisible(true);
+        return;
+    }
+}
+
+bool frmMain::QueryUnload(UnloadReason) { return !Progress::Running(); }
+
+bool frmMain::Unload() {
+    Forms::Instance().Unload(QStringLiteral("frmSearch"));
+    Forms::Instance().Unload(QStringLiteral("frmErrors"));
+    bool goes = true;
+    Dialogs::Guarded([&] { goes = window_.SaveQuestion(false); });
+    if (!goes) return false;
+    Dialogs::Guarded([&] { SaveSettings(); });
+    window_.FileList.Clear();
+    modBase::LoadedMP3s = std::make_unique<MP3s>();
+    return true;
+}
+
+void frmMain::SaveSettings() const {
+    RegistryStore::Batch batch(RegistryStore::Get());
+    if (!window_.Options.NotSave && modBase::CommandLine.Save()) {
+        const std::string& folder = modBase::ActivPath;
+        WriteSetting("Parameter\\StartPath", folder.empty() ? "\\" : folder, RegistryStore::kText);
+    }
+    SaveColumns();
+    SaveNumber("Settings\\VerShow", modBase::VerShow);
+    if (Dialogs::PlacesAreKnown()) {
+        SaveNumber("Settings\\WindowLeft", x() * kTwips);
+        SaveNumber("Settings\\WindowTop", y() * kTwips);
+    }
+    SaveNumber("Settings\\WindowWidth", width() * kTwips);
+    SaveNumber("Settings\\WindowHeight", height() * kTwips);
+    window_.Options.Save();
+    SaveNumber("Settings\\Foldertree", IsTreeShown() ? 1 : 0);
+    const RegistryStore::Status status = batch.Commit();
+    if (status != RegistryStore::kSuccess)
+        throw clsRegistry::CannotCreate("HKCU\\SOFTWARE\\Calyvox\\", status);
+}
+
+void frmMain::SaveColumns() const {
+    const QHeaderView* header = ui_->FileList->header();
+    for (int column = 0; column < kColumnCount; ++column) {
+        SaveNumber(ColumnSetting("Settings\\ColPos", column + 1), header->visualIndex(column) + 1);
+        SaveNumber(ColumnSetting("Settings\\ColWidth", column + 1), header->sectionSize(column) * kTwips);
+    }
+}
+
+void frmMain::Activated() { window_.Activated(); }
+
+// Only now the list knows how many rows it has room for.
+void frmMain::showEvent(QShowEvent* event) {
+    Form::showEvent(event);
+    if (std::exchange(wasShown_, true)) return;
+    ui_->FileList->setFocus();
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (window_.FileList.SelectedCount() > 0)
+                ui_->FileList->EnsureVisible(window_.FileList.Current());
+        },
+        Qt::QueuedConnection);
+}
+
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::WindowActivate) ShowLockKeys();
+    if (event->type() == QEvent::KeyRelease) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_NumLock || key == Qt::Key_CapsLock) ShowLockKeys();
+    }
+    return Form::eventFilter(watched, event);
+}
+
+void frmMain::ShowLockKeys() {
+    const auto keys = lockKeys_.Read();
+    panels_[5]->setEnabled(keys && keys->Num);
+    panels_[6]->setEnabled(keys && keys->Caps);
+    panels_[7]->setEnabled(false);
+}
+
+void frmMain::ShowPanel(int panel) {
+    panels_.at(static_cast<std::size_t>(panel - 1))->setText(Dialogs::NameText(window_.Panel(panel)));
+}
+
+void frmMain::PlaceToolbar(int position) {
+    window_.Options.ToolPos = position;
+    constexpr int kBelowList = 1;
+    ui_->layout->removeWidget(ui_->CoolBar);
+    ui_->layout->insertWidget(position == 1 ? 0 : kBelowList, ui_->CoolBar);
+}
+
+void frmMain::ShowHeaderIcon(int column, bool ascending) {
+    ui_->FileList->header()->setSortIndicator(column, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+bool frmMain::IsTreeShown() const { return !ui_->TreeViewContainer->isHidden(); }
+
+void frmMain::HideTree() {
+    treeWidth_ = ui_->Splitter->sizes().constFirst();
+    ui_->TreeViewContainer->hide();
+}
+
+void frmMain::ToggleTree() {
+    if (IsTreeShown()) {
+        HideTree();
+        return;
+    }
+    ui_->TreeViewContainer->show();
+    ui_->Splitter->setSizes({treeWidth_, ui_->Splitter->width() - treeWidth_});
+}
+
+// Never the editor of many files, however many are selected.
+void frmMain::OpenEditor() {
+    if (Progress::Running() || !window_.CheckSelection()) return;
+    const QString form =
+        window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
+    Forms::Instance().ShowModal(form, objectName());
+}
+
+// The process ends even where the question was answered with Cancel.
+void frmMain::submnuQuit() {
+    Forms::Instance().Unload(objectName());
+    endProcess_();
+}
+
+} // namespace calyvox
