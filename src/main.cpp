@@ -5,13 +5,19 @@
 #include "app/Version.h"
 #include "app/forms/Display.h"
 #include "app/forms/Forms.h"
+#include "app/forms/SvgIcon.h"
+#include "app/forms/Termination.h"
 #include "app/forms/WindowServices.h"
+#include "app/forms/frmErrors.h"
+#include "app/forms/frmProgress.h"
 #include "app/forms/frmWelcome.h"
 #include "app/modBase.h"
 #include "app/modReport.h"
 #include "automation/MassUpdate.h"
 #include "automation/forms/frmMassUpdate.h"
+#include "editors/forms/frmID3V1.h"
 #include "engine/Tables.h"
+#include "mainwindow/forms/frmMain.h"
 #include "platform/Failure.h"
 #include "platform/FileSystem.h"
 #include "platform/HostPath.h"
@@ -22,8 +28,12 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string>
 #include <vector>
+
+// Resources of a static library come in only if they are asked for, outside any namespace.
+static void InitResources() { Q_INIT_RESOURCE(icons); }
 
 using namespace calyvox;
 
@@ -76,6 +86,12 @@ void DropQtMessages(QtMsgType type, const QMessageLogContext&, const QString& te
 void RegisterForms(bool display, int& exitStatus) {
     Forms& forms = Forms::Instance();
     forms.Register(QStringLiteral("frmWelcome"), [] { return new frmWelcome; });
+    forms.Register(QStringLiteral("frmProgress"), [] { return new frmProgress; });
+    forms.Register(QStringLiteral("frmErrors"), [] { return new frmErrors; });
+    forms.Register(QStringLiteral("frmMain"), [&exitStatus] {
+        return new frmMain([&exitStatus] { QCoreApplication::exit(exitStatus); });
+    });
+    forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
     forms.Register(QStringLiteral("frmMassUpdate"), [display, &exitStatus] {
         frmMassUpdate::Surroundings surroundings;
         surroundings.SetExitStatus = [&exitStatus](int status) { exitStatus = status; };
@@ -95,7 +111,7 @@ void ShowWelcome() {
 }
 
 // The order of the start. The last form that it loads keeps the process alive.
-void Start(const std::vector<std::string>& hostArguments, int& exitStatus) {
+void Start(const std::vector<std::string>& hostArguments, bool display, int& exitStatus) {
     ShowWelcome();
     const SettingsEnvironment environment = Environment();
     CheckRegSettings(environment);
@@ -109,11 +125,16 @@ void Start(const std::vector<std::string>& hostArguments, int& exitStatus) {
         Forms::Instance().Touch(QStringLiteral("frmMassUpdate"));
         return;
     }
+    if (!display) {
+        exitStatus = ExitStatus::kCouldNotStart;
+        modBase::ShowMessage("There is no display for a window. Without one, name a data file with "
+                             "/I=DATAFILE.",
+                             MsgBox::kExclamation, "Calyvox");
+        Forms::Instance().Unload(QStringLiteral("frmWelcome"));
+        return;
+    }
     ReportLine("modBase.main: Loading Form");
-    exitStatus = ExitStatus::kCouldNotStart;
-    modBase::ShowMessage("Nothing to show: name a data file with /I=DATAFILE.", MsgBox::kInformation,
-                         "Calyvox");
-    Forms::Instance().Unload(QStringLiteral("frmWelcome"));
+    Forms::Instance().Touch(QStringLiteral("frmMain"));
 }
 
 } // namespace
@@ -131,18 +152,26 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("calyvox"));
     QApplication::setApplicationVersion(QLatin1String(kVersion));
     QApplication::setQuitOnLastWindowClosed(false);
+    InitResources();
+    QApplication::setWindowIcon(SvgIcon(QStringLiteral(":/icons/calyvox.svg")));
 
     int exitStatus = ExitStatus::kNoErrors;
     InstallServices(display);
     modBase::ConnectEngine();
     RegisterForms(display, exitStatus);
     try {
-        Start(hostArguments, exitStatus);
+        Start(hostArguments, display, exitStatus);
     } catch (const Failure& failure) {
         modBase::ShowMessage(failure.Text(), MsgBox::kCritical, "Calyvox");
         return ExitStatus::kCouldNotStart;
     }
     if (!Forms::Instance().AnyLoaded()) return exitStatus;
+    const QString mainForm = QStringLiteral("frmMain");
+    std::optional<Termination> termination;
+    if (Forms::Instance().IsLoaded(mainForm))
+        termination.emplace([=] {
+            if (Forms::Instance().UnloadModal()) Forms::Instance().Unload(mainForm);
+        });
     Forms::Instance().SetLastFormGone([&exitStatus] { QCoreApplication::exit(exitStatus); });
     return QApplication::exec();
 }
