@@ -17,6 +17,7 @@
 #include "automation/forms/frmMassUpdate.h"
 #include "editors/forms/frmID3V1.h"
 #include "engine/Tables.h"
+#include "mainwindow/MainWindow.h"
 #include "mainwindow/forms/frmMain.h"
 #include "platform/Failure.h"
 #include "platform/FileSystem.h"
@@ -89,7 +90,8 @@ void RegisterForms(bool display, int& exitStatus) {
     forms.Register(QStringLiteral("frmProgress"), [] { return new frmProgress; });
     forms.Register(QStringLiteral("frmErrors"), [] { return new frmErrors; });
     forms.Register(QStringLiteral("frmMain"), [&exitStatus] {
-        return new frmMain([&exitStatus] { QCoreApplication::exit(exitStatus); });
+        auto* form = new frmMain([&exitStatus] { QCoreApplication::exit(exitStatus); });
+        return form;
     });
     forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
     forms.Register(QStringLiteral("frmMassUpdate"), [display, &exitStatus] {
@@ -111,7 +113,8 @@ void ShowWelcome() {
 }
 
 // The order of the start. The last form that it loads keeps the process alive.
-void Start(const std::vector<std::string>& hostArguments, bool display, int& exitStatus) {
+void Start(const std::vector<std::string>& hostArguments, bool display, int& exitStatus,
+           std::optional<Termination>& termination) {
     ShowWelcome();
     const SettingsEnvironment environment = Environment();
     CheckRegSettings(environment);
@@ -134,7 +137,11 @@ void Start(const std::vector<std::string>& hostArguments, bool display, int& exi
         return;
     }
     ReportLine("modBase.main: Loading Form");
-    Forms::Instance().Touch(QStringLiteral("frmMain"));
+    const QString mainForm = QStringLiteral("frmMain");
+    termination.emplace([=] {
+        if (Forms::Instance().UnloadModal()) Forms::Instance().Unload(mainForm);
+    });
+    Forms::Instance().Touch(mainForm);
 }
 
 } // namespace
@@ -159,19 +166,14 @@ int main(int argc, char** argv) {
     InstallServices(display);
     modBase::ConnectEngine();
     RegisterForms(display, exitStatus);
+    std::optional<Termination> termination;
     try {
-        Start(hostArguments, display, exitStatus);
+        Start(hostArguments, display, exitStatus, termination);
     } catch (const Failure& failure) {
         modBase::ShowMessage(failure.Text(), MsgBox::kCritical, "Calyvox");
         return ExitStatus::kCouldNotStart;
     }
     if (!Forms::Instance().AnyLoaded()) return exitStatus;
-    const QString mainForm = QStringLiteral("frmMain");
-    std::optional<Termination> termination;
-    if (Forms::Instance().IsLoaded(mainForm))
-        termination.emplace([=] {
-            if (Forms::Instance().UnloadModal()) Forms::Instance().Unload(mainForm);
-        });
     Forms::Instance().SetLastFormGone([&exitStatus] { QCoreApplication::exit(exitStatus); });
     return QApplication::exec();
 }

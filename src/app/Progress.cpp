@@ -15,9 +15,8 @@ constexpr std::chrono::milliseconds kRepaint{40};
 
 } // namespace
 
-Progress::Progress(Window window) : window_(window) {
-    assert(!running_);
-    running_ = this;
+Progress::Progress(Window window) : claim_(this), window_(window) {
+    assert(!claim_.Before);
     modBase::CancelRun = false;
     if (window_ == Window::None) return;
     TheServices().LoadProgress();
@@ -31,7 +30,6 @@ Progress::~Progress() {
         Yield();
         TheServices().UnloadProgress();
     }
-    running_ = nullptr;
 }
 
 void Progress::SetCaption(const std::string& caption) {

@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace calyvox {
 
@@ -27,7 +28,7 @@ public:
     void SetCanCancel(bool canCancel);
     void SetMax(std::int64_t max) { state_.Max = max; }
     void SetValue(std::int64_t value);
-    /// Both bars of "part of whole" in a hundred; a whole of 0 is passed over.
+    /// Part of a whole, as hundredths; a whole of 0 is passed over.
     void SetShare(std::int64_t part, std::int64_t whole);
     void Yield();
     /// Whether the user wants the pass to stop.
@@ -44,6 +45,16 @@ private:
 
     inline static Progress* running_ = nullptr;
 
+    // The pass that runs; taken back however the object ends, and if it cannot be made.
+    struct Claim {
+        explicit Claim(Progress* pass) : Before(std::exchange(running_, pass)) {}
+        ~Claim() { running_ = Before; }
+        Claim(const Claim&) = delete;
+        Claim& operator=(const Claim&) = delete;
+        Progress* Before;
+    };
+
+    Claim claim_;
     Window window_;
     ProgressState state_;
     std::chrono::steady_clock::time_point painted_;

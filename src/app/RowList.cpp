@@ -211,6 +211,10 @@ void RowList::Sort() {
     keys.reserve(rows_.size());
     for (const auto& row : rows_)
         keys.push_back(CodePage::Upper(Cell(*row, sortColumn_)));
+    SortByKeys(keys);
+}
+
+void RowList::SortByKeys(const std::vector<std::string>& keys) {
     std::vector<std::size_t> old(rows_.size());
     std::iota(old.begin(), old.end(), std::size_t{0});
     std::stable_sort(old.begin(), old.end(), [&](std::size_t a, std::size_t b) {

@@ -99,6 +99,8 @@ public:
     void SetSort(std::size_t column, bool ascending);
     /// Sorts once, by upper-cased bytes; rows that are alike keep their order in both directions.
     void Sort();
+    /// The same by one key for each row, in the rows' order.
+    void SortByKeys(const std::vector<std::string>& keys);
     /// Moves the selected rows to the top; both parts keep their order.
     void Group();
     /// Sorts by the column: ascending, and the other way round at the next call for the same column. The

@@ -5,6 +5,7 @@
 #include "app/modBase.h"
 #include "editors/GenreRows.h"
 #include "engine/MP3.h"
+#include "engine/modID3V1.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/RowCells.h"
 #include "platform/CodePage.h"
@@ -42,7 +43,9 @@ std::uint8_t ID3V1Fields::TrackNumber() const {
     return static_cast<std::uint8_t>(std::min<double>(number, std::numeric_limits<std::uint8_t>::max()));
 }
 
-std::uint8_t ID3V1Fields::GenreNumber() const { return GenreRows().at(Genre).Number; }
+std::uint8_t ID3V1Fields::GenreNumber() const {
+    return Genre < GenreRows().size() ? GenreRows()[Genre].Number : kNoGenre;
+}
 
 bool ID3V1Fields::SaysTheSameAs(const MP3& file) const {
     return Artist == file.ID3V1_Artist() && Title == file.ID3V1_Title() && Album == file.ID3V1_Album() &&

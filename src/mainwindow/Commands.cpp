@@ -134,6 +134,7 @@ bool CommandRunner::IsOffered(const Command& command) const {
 void CommandRunner::Run(std::string_view name) const {
     const Command* const command = FindCommand(name);
     if (!command || !IsOffered(*command) || Progress::Running()) return;
+    Prepare();
     if (command->NeedsSelection && !CheckSelection()) return;
     const auto handler = handlers_.find(name);
     if (handler != handlers_.end())

@@ -57,7 +57,8 @@ public:
     bool IsOffered(const Command& command) const;
     void Run(std::string_view name) const;
 
-    /// What running takes from the window.
+    /// What running takes from the window. The first is called before every command.
+    std::function<void()> Prepare = [] {};
     std::function<bool()> CheckSelection = [] { return true; };
     std::function<bool(std::string_view form)> IsFormKnown = [](std::string_view) { return false; };
     std::function<void(std::string_view form)> ShowForm = [](std::string_view) {};

@@ -6,9 +6,11 @@
 #include "app/modBase.h"
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
+#include "platform/FileSystem.h"
 
 #include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace calyvox {
 
@@ -47,22 +49,14 @@ bool Read(MP3& file, const std::string& path) {
 
 } // namespace
 
-bool FolderScan::IsOpenAlready(const FileSystem::FileIdentity& folder) const {
-    return std::any_of(open_.begin(), open_.end(), [&](const FileSystem::FileIdentity& one) {
-        return one.Device == folder.Device && one.Inode == folder.Inode;
-    });
-}
-
 void FolderScan::GetFolders(const std::string& path) {
     const auto identity = FileSystem::Identity(path);
-    if (!identity || IsOpenAlready(*identity)) return;
-    open_.push_back(*identity);
+    if (!identity || !entered_.emplace(identity->Device, identity->Inode).second) return;
     for (const std::string& name : Names(path, true)) {
         progress_.Yield();
         if (Progress::Cancelled()) break;
         GetFolders(Join(path, name));
     }
-    open_.pop_back();
     GetFiles(path);
     progress_.SetValue(0);
 }

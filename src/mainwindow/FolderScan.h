@@ -3,10 +3,11 @@
 #pragma once
 
 #include "app/Progress.h"
-#include "platform/FileSystem.h"
 
+#include <cstdint>
+#include <set>
 #include <string>
-#include <vector>
+#include <utility>
 
 namespace calyvox {
 
@@ -18,18 +19,16 @@ class FolderScan {
 public:
     explicit FolderScan(Progress& progress) : progress_(progress) {}
 
-    /// The folder and all below it, sub-folders first. A folder that is met again inside itself, through a
-    /// link, is not entered again.
+    /// The folder and all below it, sub-folders first. A folder that is met again, through a link, is not
+    /// entered again.
     void GetFolders(const std::string& path);
     /// The folder alone.
     void GetFiles(const std::string& path);
     void ReadFoundFiles();
 
 private:
-    bool IsOpenAlready(const FileSystem::FileIdentity& folder) const;
-
     Progress& progress_;
-    std::vector<FileSystem::FileIdentity> open_; // the folders from the first to the one being walked
+    std::set<std::pair<std::uint64_t, std::uint64_t>> entered_; // device and inode
 };
 
 } // namespace calyvox

@@ -10,7 +10,10 @@
 #include "app/modReport.h"
 #include "engine/MP3.h"
 #include "mainwindow/FolderScan.h"
+#include "mainwindow/NumericKeys.h"
+#include "mainwindow/Passes.h"
 #include "mainwindow/RowCells.h"
+#include "mainwindow/Unpainted.h"
 #include "platform/CodePage.h"
 #include "platform/HostPath.h"
 
@@ -22,16 +25,16 @@ constexpr std::int64_t kFilesForWindow = 300;
 constexpr std::int64_t kFilesForBar = 100;
 constexpr std::string_view kSelectedWords = "Selected MP3s: ";
 
-// Keeps the list unpainted while it lives.
-class Unpainted {
+// Does something however its block ends.
+class AtEnd {
 public:
-    explicit Unpainted(const MainWindowView& view) : view_(view) { view_.SetRepainting(false); }
-    ~Unpainted() { view_.SetRepainting(true); }
-    Unpainted(const Unpainted&) = delete;
-    Unpainted& operator=(const Unpainted&) = delete;
+    explicit AtEnd(std::function<void()> action) : action_(std::move(action)) {}
+    ~AtEnd() { action_(); }
+    AtEnd(const AtEnd&) = delete;
+    AtEnd& operator=(const AtEnd&) = delete;
 
 private:
-    const MainWindowView& view_;
+    std::function<void()> action_;
 };
 
 } // namespace
@@ -49,7 +52,7 @@ MP3& MainWindow::FileOf(std::size_t row) const { return modBase::LoadedMP3s->Ite
 
 void MainWindow::FileListRefresh() {
     {
-        const Unpainted unpainted(View);
+        const Unpainted unpainted(*this);
         Progress progress;
         modBase::CancelRun = false;
         View.SetCaption(ViewCaption() + " - Calyvox");
@@ -77,10 +80,11 @@ void MainWindow::FileListRefresh() {
 
 void MainWindow::FillListView(const std::string& selectFile) {
     FileList.Clear();
-    View.SetTreeEnabled(false);
     {
+        const AtEnd treeAgain([this] { View.SetTreeEnabled(true); });
+        View.SetTreeEnabled(false);
         const std::int64_t count = modBase::LoadedMP3s->Count();
-        const Unpainted unpainted(View);
+        const Unpainted unpainted(*this);
         const RowList::Hold hold(FileList);
         {
             const bool shown = count > kFilesForWindow;
@@ -90,11 +94,11 @@ void MainWindow::FillListView(const std::string& selectFile) {
             AddRows(progress, count > kFilesForBar);
         }
         FileList.Sort();
+        FileList.SelectAll(RowList::Flag::Off); // clicks on half a list
         if (count > 0) FileList.SetCurrent(0);
     }
     SetPanel(1, "MP3s counted: " + std::to_string(FileList.Count()));
     SetPanel(2, std::string(kSelectedWords) + "0");
-    View.SetTreeEnabled(true);
     View.RefreshList();
     if (!selectFile.empty()) BringToTop(selectFile);
 }
@@ -118,7 +122,8 @@ void MainWindow::BringToTop(const std::string& file) {
     for (std::size_t row = 0; row < FileList.Count(); ++row) {
         if (FileOf(row).MP3File_FileName() != file) continue;
         View.EnsureVisible(row);
-        View.EnsureVisible(std::min(row + View.VisibleRows() - 1, FileList.Count() - 1));
+        View.EnsureVisible(
+            std::min(row + std::max<std::size_t>(View.VisibleRows(), 1) - 1, FileList.Count() - 1));
         return;
     }
 }
@@ -130,27 +135,7 @@ std::size_t MainWindow::CountChanged() const {
     return changed;
 }
 
-void MainWindow::submnuSave() {
-    const std::size_t changed = CountChanged();
-    if (changed == 0) return;
-    const Unpainted unpainted(View);
-    Progress progress;
-    progress.SetMax(static_cast<std::int64_t>(changed));
-    std::int64_t done = 0;
-    for (std::size_t row = 0; row < FileList.Count(); ++row) {
-        progress.Yield();
-        if (Progress::Cancelled()) break;
-        MP3& file = FileOf(row);
-        if (!file.Changed()) continue;
-        if (file.WriteTags(true, true)) {
-            FileList.SetCell(row, RowCells::kChanged, "");
-            file.SetChanged(false);
-            file.ID3V2().SetChanged(false);
-        }
-        progress.SetValue(++done);
-    }
-    progress.SetValue(0);
-}
+void MainWindow::submnuSave() { Passes::Save(*this); }
 
 bool MainWindow::SaveQuestion(bool forget) {
     if (CountChanged() > 0)
@@ -167,15 +152,17 @@ bool MainWindow::SaveQuestion(bool forget) {
 void MainWindow::submnuRefresh() {
     TheErrors().Clear();
     SaveQuestion(true);
-    TreeBusy = true;
-    View.RefreshTree();
-    TreeBusy = false;
+    {
+        const AtEnd idle([this] { TreeBusy = false; });
+        TreeBusy = true;
+        View.RefreshTree();
+    }
     FileListRefresh();
 }
 
 bool MainWindow::CheckSelection() {
     ShowSelectedCount();
-    if (CodePage::LeadingNumber(Panel(2).substr(kSelectedWords.size())) != 0) return true;
+    if (ShownSelectedCount() != 0) return true;
     modBase::MsgResult =
         modBase::ShowMessage("Please select files to tag!", MsgBox::kExclamation, "Select files");
     return false;
@@ -198,6 +185,24 @@ void MainWindow::SwitchView() {
     modBase::VerShow = modBase::VerShow == 1 ? 2 : 1;
     View.SetCaption(ViewCaption() + " - Calyvox");
     FillListView("");
+}
+
+void MainWindow::ColumnClick(std::size_t column) {
+    FileList.SetSort(column, column != FileList.SortColumn() || !FileList.Ascending());
+    if (column == RowCells::kTrack) {
+        std::vector<std::string> keys;
+        for (std::size_t row = 0; row < FileList.Count(); ++row)
+            keys.push_back(NumericSortKey(RowList::Cell(FileList.At(row), column)));
+        FileList.SortByKeys(keys);
+    } else {
+        FileList.Sort();
+    }
+    View.ShowHeaderIcon(column, FileList.Ascending());
+}
+
+void MainWindow::submnuGroup_Click() {
+    FileList.Group();
+    View.EnsureVisible(0);
 }
 
 // The arrow in the header stays as it was.
@@ -224,6 +229,11 @@ void MainWindow::SetPanel(int panel, const std::string& text) {
 
 void MainWindow::ShowSelectedCount() {
     SetPanel(2, std::string(kSelectedWords) + std::to_string(FileList.SelectedCount()));
+}
+
+std::size_t MainWindow::ShownSelectedCount() const {
+    if (Panel(2).size() < kSelectedWords.size()) return 0;
+    return static_cast<std::size_t>(CodePage::LeadingNumber(Panel(2).substr(kSelectedWords.size())));
 }
 
 void MainWindow::ShowNameLength() {

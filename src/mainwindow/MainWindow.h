@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace calyvox {
 
@@ -26,8 +27,14 @@ struct MainWindowView {
     std::function<void(int panel)> PanelChanged = [](int) {};
     std::function<void()> RefreshList = [] {};
     std::function<void(std::size_t row)> EnsureVisible = [](std::size_t) {};
+    /// The arrow in a column's header; no other has one.
+    std::function<void(std::size_t column, bool ascending)> ShowHeaderIcon = [](std::size_t, bool) {};
     /// Rows that fit on one page, not more than there are.
     std::function<std::size_t()> VisibleRows = [] { return std::size_t{1}; };
+    /// The columns as they are shown, from the left.
+    std::function<std::vector<std::size_t>()> ColumnOrder = [] {
+        return std::vector<std::size_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+    };
 };
 
 /// The main window without its controls: the rows, what is done to all of them, and what other forms may ask
@@ -45,6 +52,7 @@ public:
     bool TreeBusy = false;
 
     MP3& FileOf(std::size_t row) const;
+    std::size_t CountChanged() const;
 
     /// Reads ActivPath anew. All objects go, and unsaved changes with them.
     void FileListRefresh();
@@ -65,6 +73,10 @@ public:
     /// Another folder is wanted in the tree; false refuses it.
     bool BeforeFolderChange();
     void FolderChanged(const std::string& path);
+    /// A click on a column's header: sorts by it, or turns the order round.
+    void ColumnClick(std::size_t column);
+    /// Brings the selected rows to the top.
+    void submnuGroup_Click();
     /// The other fields of ID3V1 and ID3V2 in the list.
     void SwitchView();
     /// "Current view: ID3V1" or "Current view: ID3V2".
@@ -79,6 +91,8 @@ public:
     const std::string& Panel(int panel) const { return panels_.at(static_cast<std::size_t>(panel - 1)); }
     void SetPanel(int panel, const std::string& text);
     void ShowSelectedCount();
+    /// As panel 2 says it.
+    std::size_t ShownSelectedCount() const;
     /// Panel 4; empty without a current row.
     void ShowNameLength();
     void ShowFolder();
@@ -86,7 +100,6 @@ public:
 private:
     void AddRows(class Progress& progress, bool paints);
     void BringToTop(const std::string& file);
-    std::size_t CountChanged() const;
 
     std::array<std::string, kPanels> panels_;
 };

@@ -13,7 +13,8 @@ namespace calyvox {
 namespace {
 
 std::string WithoutBackslash(std::string path) {
-    if (path.ends_with('\\')) path.pop_back();
+    while (path.ends_with('\\'))
+        path.pop_back();
     return path;
 }
 
@@ -31,10 +32,11 @@ std::string WantedFolder() {
 
 std::string FindStartFolder() {
     std::string path = WantedFolder();
-    if (path == "\\") return {};
     if (!path.empty()) path[0] = CodePage::Upper(path[0]);
+    const bool root = path.starts_with('\\') && WithoutBackslash(path).empty();
     path = WithoutBackslash(path);
     ReportLine("frmmain.load - ActivPath: " + path);
+    if (root) return path;
     while (!FileSystem::FolderExists(path) && path.find('\\') != std::string::npos)
         path.erase(path.rfind('\\'));
     if (path.empty() || !FileSystem::FolderExists(path)) path = WithoutBackslash(FileSystem::CurrentFolder());

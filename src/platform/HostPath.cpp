@@ -9,6 +9,7 @@ namespace calyvox::HostPath {
 namespace {
 
 constexpr char32_t kRawByteBase = 0x110000;
+constexpr char32_t kByteUnit = 0xDC00;
 
 // The value of the escape that the text begins with; false where it begins with none. An escape for what
 // has a plain form of its own does not count: so no escape can smuggle in a "/" or a NUL.
@@ -144,6 +145,35 @@ std::string Clean(std::string_view name, bool& changed) {
         changed = true;
         return '_';
     });
+}
+
+std::u32string Units(std::string_view name) {
+    std::u32string units;
+    Walk(
+        name, [&](char c) { units += CodePage::ToCodePoint(c); },
+        [&](std::string_view, char32_t value) {
+            const bool plain = value == U'\\' || value == static_cast<unsigned char>(kEscapeLead);
+            units += value >= kRawByteBase ? kByteUnit + (value - kRawByteBase)
+                     : plain               ? kByteUnit + value
+                                           : value;
+        });
+    return units;
+}
+
+std::string FromUnits(std::u32string_view units) {
+    std::string name;
+    for (const char32_t unit : units) {
+        char byte = 0;
+        if (unit >= kByteUnit && unit <= kByteUnit + 0xFF) {
+            const char32_t value = unit - kByteUnit;
+            AppendEscape(name, value >= 0x80 ? kRawByteBase + value : value);
+        } else if (CodePage::FromCodePoint(unit, byte)) {
+            name += byte;
+        } else {
+            AppendEscape(name, unit);
+        }
+    }
+    return name;
 }
 
 std::string ToTagText(std::string_view name) {

@@ -36,6 +36,12 @@ std::string Upper(std::string_view name);
 /// A lead byte that begins no escape becomes "_" too.
 std::string Clean(std::string_view name, bool& changed);
 
+/// The name for a box that it is edited in, one code point a unit. What has no character of its own is U+DC00
+/// plus the byte: a byte that is no UTF-8, and a backslash or a byte 1A inside a name.
+std::u32string Units(std::string_view name);
+/// Back, whatever was typed: what the page lacks becomes an escape.
+std::string FromUnits(std::u32string_view units);
+
 /// A name's text for a tag: every escape becomes "?".
 std::string ToTagText(std::string_view name);
 

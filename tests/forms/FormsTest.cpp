@@ -3,8 +3,8 @@
 #include "app/forms/Forms.h"
 
 #include "app/Services.h"
-#include "app/forms/WindowServices.h"
 #include "app/forms/Form.h"
+#include "app/forms/WindowServices.h"
 
 #include <QTest>
 #include <QtWidgets>
@@ -24,6 +24,8 @@ struct Recorder : Form {
         Log += isVisible() ? "unload-seen " : "unload ";
         return true;
     }
+
+    void Activated() override { Log += objectName().toStdString() + "-activated "; }
 
     inline static std::string Log;
     inline static bool Refuses = false;
@@ -48,6 +50,25 @@ TEST(FormsTest, ATouchMakesAFormOnceAndUnloadLetsTheNextMakeANewOne) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_TRUE(forms.Unload("frmA") && forms.Unload("frmA")) << "what is not loaded is gone already";
     EXPECT_EQ(Recorder::Log, "load load unload-seen load unload delete delete unload last ");
+}
+
+TEST(FormsTest, AModalFormKeepsTheInputUntilItIsUnloadedAndItsOwnerHearsOfThat) {
+    Forms& forms = Forms::Instance();
+    for (const char* name : {"frmA", "frmB", "frmPass"})
+        forms.Register(name, [] { return new Recorder; });
+    forms.SetLastFormGone([] {});
+    forms.Show("frmA");
+    forms.ShowModal("frmB", "frmA");
+    forms.ShowBlocking("frmPass", "frmA");
+    EXPECT_TRUE(forms.Touch("frmPass")->parentWidget() == forms.Touch("frmB") &&
+                forms.Touch("frmB")->isModal());
+    EXPECT_EQ(QApplication::activeModalWidget(), forms.Touch("frmPass"));
+    Recorder::Refuses = true;
+    EXPECT_FALSE(forms.UnloadModal());
+    Recorder::Refuses = false;
+    Recorder::Log.clear();
+    EXPECT_TRUE(forms.UnloadModal() && !QApplication::activeModalWidget() && forms.Unload("frmA"));
+    EXPECT_EQ(Recorder::Log, "unload-seen unload-seen frmA-activated unload-seen ") << "a pass tells nobody";
 }
 
 TEST(MessageBoxTest, KeysAndButtonsGiveTheirCodes) {

@@ -86,4 +86,15 @@ TEST_F(ProgramTest, OnARealDisplayItEndsSilentlyWithoutErrors) {
     EXPECT_NE(folder_.Read("a.mp3"), build::Audio());
 }
 
+TEST_F(ProgramTest, OnARealDisplayTheMainWindowAppearsAndSigtermEndsItWithItsSettings) {
+    const std::string script = "\"$0\" \"$1\" & xdotool search --sync --onlyvisible --name '^Current view' "
+                               ">/dev/null && kill -TERM $! || kill -KILL $!; wait $!";
+    const auto run = Run({"/usr/bin/xvfb-run", "-a", "timeout", "30", "sh", "-c", script, CALYVOX_PROGRAM,
+                          "/P=" + folder_.HostPath()},
+                         "ASAN_OPTIONS=detect_leaks=0");
+    if (run.ExitStatus == 127 || run.Errors.find("xdotool: not found") != std::string::npos) return;
+    EXPECT_EQ(std::to_string(run.ExitStatus) + run.Output + run.Errors, "0");
+    EXPECT_EQ(ReadSetting("Parameter\\StartPath"), folder_.InsidePath());
+}
+
 } // namespace

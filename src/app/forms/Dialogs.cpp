@@ -28,7 +28,28 @@ std::string TagBytes(const QString& text) { return CodePage::FromUtf8(text.toStd
 
 QString NameText(const std::string& path) { return QString::fromStdString(HostPath::Shown(path)); }
 
+QString NameEditText(const std::string& name) {
+    QString text;
+    for (const char32_t unit : HostPath::Units(name))
+        text += QChar::fromUcs4(unit);
+    return text;
+}
+
+// A lone half of a surrogate pair stands for a byte; QString's own conversion would drop it.
+std::string NameBytes(const QString& text) {
+    std::u32string units;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        const bool pair = c.isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        units += pair ? QChar::surrogateToUcs4(c, text.at(i + 1)) : char32_t{c.unicode()};
+        if (pair) ++i;
+    }
+    return HostPath::FromUnits(units);
+}
+
 bool PlacesAreKnown() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
+
+void Place(QWidget& window, QPoint place) { window.setGeometry(QRect(place, window.size())); }
 
 void SaveDialogPosition(const Form& form) {
     if (!PlacesAreKnown()) return;
@@ -37,8 +58,8 @@ void SaveDialogPosition(const Form& form) {
             WriteSetting(PositionSetting(form, edge), std::to_string(pixels * kTwips),
                          RegistryStore::kNumber);
         };
-        write("Top", form.y());
-        write("Left", form.x());
+        write("Top", form.geometry().y());
+        write("Left", form.geometry().x());
     });
 }
 
@@ -46,7 +67,7 @@ void LoadDialogPosition(Form& form) {
     Skip([&] {
         const int top = CodePage::LeadingLong(ReadSetting(PositionSetting(form, "Top"), "500"));
         const int left = CodePage::LeadingLong(ReadSetting(PositionSetting(form, "Left"), "500"));
-        form.move(left / kTwips, top / kTwips);
+        Place(form, QPoint(left / kTwips, top / kTwips));
     });
 }
 

@@ -205,9 +205,22 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
         return PlainToolTip(Dialogs::NameText(index == Root() ? "\\" : Path(index)));
     case Qt::DecorationRole:
         return icon_;
+    case Qt::EditRole:
+        return Dialogs::NameEditText(NodeOf(index).Name);
     default:
         return {};
     }
+}
+
+Qt::ItemFlags FolderModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractItemModel::flags(index);
+    return index.isValid() && index != Root() ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool FolderModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !index.isValid()) return false;
+    emit NameEdited(Path(index), value.toString());
+    return true;
 }
 
 } // namespace calyvox

@@ -39,6 +39,12 @@ public:
     bool canFetchMore(const QModelIndex& parent) const override;
     void fetchMore(const QModelIndex& parent) override;
     QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+
+signals:
+    /// The user entered a name for a folder; nothing has changed yet.
+    void NameEdited(const std::string& path, const QString& name);
 
 private:
     struct Node;

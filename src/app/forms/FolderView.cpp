@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: MIT
 #include "app/forms/FolderView.h"
 
+#include "app/forms/Dialogs.h"
 #include "app/forms/FolderModel.h"
+#include "platform/CodePage.h"
 
 #include <QHeaderView>
 #include <QItemSelectionModel>
@@ -75,6 +77,29 @@ std::string FolderView::Path() const { return model_->Path(selection_->currentIn
 
 void FolderView::SetBeforeChange(std::function<bool(const std::string& path)> question) {
     question_ = std::move(question);
+}
+
+void FolderView::SetRename(std::function<bool(const std::string& path, const std::string& name)> rename) {
+    rename_ = std::move(rename);
+    setEditTriggers(EditKeyPressed);
+    connect(model_, &FolderModel::NameEdited, this, [this](const std::string& path, const QString& name) {
+        QMetaObject::invokeMethod(
+            this, [=, this] { Rename(path, Dialogs::NameBytes(name)); }, Qt::QueuedConnection);
+    });
+}
+
+void FolderView::Rename(const std::string& path, const std::string& name) {
+    const QPointer<FolderView> alive(this);
+    if (!rename_(path, name) || !alive) return;
+    const std::string parent = path.substr(0, path.rfind('\\'));
+    const std::string now = parent + "\\" + CodePage::Trim(name);
+    const std::string current = Path();
+    const bool below = current == path || current.starts_with(path + "\\");
+    Keep([&] {
+        bool whole = false;
+        model_->Reread(model_->Reach(parent, whole));
+        ShowFolder(model_->Reach(below ? now + current.substr(path.size()) : current, whole));
+    });
 }
 
 bool FolderView::SelectPath(const std::string& path) {

@@ -33,6 +33,9 @@ public:
     /// question and signal are done with are dropped. A folder that is gone from the disk is dropped from the
     /// tree instead of asked about. Without a question every wish comes true.
     void SetBeforeChange(std::function<bool(const std::string& path)> question);
+    /// Renames the folder that the user has entered another name for, when pending events have run; false
+    /// leaves it as it was. Without one nothing can be edited.
+    void SetRename(std::function<bool(const std::string& path, const std::string& name)> rename);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
@@ -63,11 +66,13 @@ private:
     void Keep(const std::function<void()>& change);
     bool IsThere(const std::string& path);
     void ShowFolder(const QModelIndex& index);
+    void Rename(const std::string& path, const std::string& name);
     QModelIndex ClosedAbove(const QModelIndex& index) const;
 
     FolderModel* model_;
     Selection* selection_;
     std::function<bool(const std::string&)> question_;
+    std::function<bool(const std::string&, const std::string&)> rename_;
     std::optional<WishedFolder> wish_;
     bool asking_ = false;   // from the question to the end of the signal
     bool keeping_ = false;  // the tree is being read again

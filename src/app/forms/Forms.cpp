@@ -25,6 +25,15 @@ void Forms::Show(const QString& name) {
     if (Form* form = Touch(name)) form->show();
 }
 
+void Forms::ShowBeside(const QString& name, const QString& owner) {
+    Form* form = Touch(name);
+    if (!form) return;
+    owners_.insert(name, owner);
+    form->show();
+    form->raise();
+    form->activateWindow();
+}
+
 void Forms::ShowModal(const QString& name, const QString& owner) {
     Form* form = Touch(name);
     if (!form) return;
@@ -50,9 +59,13 @@ void Forms::ShowAbove(Form& form, const QString& owner) {
 
 void Forms::SetFormOwner(Form& child, Form& owner) {
     if (child.parentWidget() == &owner) return;
-    const QPoint place = child.pos();
+    const bool placed = child.testAttribute(Qt::WA_Moved);
+    const QRect place = child.geometry();
     child.setParent(&owner, (child.windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
-    child.move(place);
+    if (placed)
+        child.setGeometry(place);
+    else if (owner.isVisible())
+        child.setGeometry(QRect(owner.geometry().center() - child.rect().center(), child.size()));
 }
 
 void Forms::HideAndReturn(const QString& name, const QString& owner) {
@@ -62,7 +75,7 @@ void Forms::HideAndReturn(const QString& name, const QString& owner) {
 
 void Forms::Activate(const QString& name) {
     Form* form = loaded_.value(name, nullptr);
-    if (!form) return;
+    if (!form || unloading_.contains(name)) return;
     form->activateWindow();
     form->Activated();
 }

@@ -29,6 +29,8 @@ public:
     Form* Touch(const QString& name);
     /// Touches the form and shows it modeless.
     void Show(const QString& name);
+    /// Touches the form and shows it modeless and in front. The owner hears of its end by Activated.
+    void ShowBeside(const QString& name, const QString& owner);
     /// Touches the form and shows it above the owner, which gets no input while it is loaded; returns at
     /// once. The owner hears of its end by Activated.
     void ShowModal(const QString& name, const QString& owner);

@@ -110,6 +110,8 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
     const RowList::Row& row = rows_.At(static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
         return Dialogs::NameText(RowList::Cell(row, static_cast<std::size_t>(index.column())));
+    if (role == Qt::EditRole)
+        return Dialogs::NameEditText(RowList::Cell(row, static_cast<std::size_t>(index.column())));
     if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QGuiApplication::font()).height() + kRowRoom);
     if (role == Qt::FontRole && row.Bold) {
         QFont font;
@@ -128,7 +130,14 @@ QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int 
 
 Qt::ItemFlags RowListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    return Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    return editable_ && index.column() == 0 ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool RowListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole || !index.flags().testFlag(Qt::ItemIsEditable)) return false;
+    emit TextEdited(index.row(), value.toString());
+    return true;
 }
 
 // Most rows are told apart by their first byte, and become no text.

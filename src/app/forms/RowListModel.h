@@ -25,6 +25,8 @@ public:
     RowList& Rows() const { return rows_; }
     /// Tells the view at once.
     void Flush();
+    /// The rows' texts can be edited; what the user entered goes to TextEdited and nowhere else.
+    void SetEditable(bool editable) { editable_ = editable; }
     /// Of the cells and the title of a column; left where never set.
     void SetAlignment(int column, Qt::Alignment alignment);
 
@@ -32,6 +34,7 @@ public:
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     /// Type-ahead, which asks for one hit by its beginning, looks at the rows' texts whatever the column.
     QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits,
@@ -41,6 +44,7 @@ signals:
     /// See RowList::Listener.
     void RowsSelectionChanged(int first, int last);
     void CurrentRowChanged();
+    void TextEdited(int row, const QString& text);
 
 protected:
     void timerEvent(QTimerEvent* event) override;
@@ -54,6 +58,7 @@ private:
     RowList& rows_;
     QStringList titles_;
     QHash<int, Qt::Alignment> alignments_;
+    bool editable_ = false;
     int shown_ = 0; // rows that the view knows of
     int firstChanged_ = 0;
     int lastChanged_ = -1;

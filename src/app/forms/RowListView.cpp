@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QScrollBar>
 
@@ -371,6 +372,20 @@ void RowListView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHin
     const bool walks =
         hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTreeView::closeEditor(editor, walks ? QAbstractItemDelegate::NoHint : hint);
+}
+
+void RowListView::EditRow(int row) {
+    if (!model_) return;
+    setFocus();
+    QTreeView::edit(model_->index(row, 0));
+}
+
+void RowListView::CloseEditor() {
+    if (state() != EditingState) return;
+    auto* const editor = viewport()->findChild<QLineEdit*>();
+    if (!editor) return;
+    commitData(editor);
+    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 // A far row's height would be searched for from row to row.

@@ -35,6 +35,10 @@ public:
     int VisibleRows(bool clamp) const;
     /// Scrolls by as little as will do, never sideways. A row that the list does not have is passed over.
     void EnsureVisible(std::size_t row);
+    /// Opens the row's text for editing.
+    void EditRow(int row);
+    /// Takes over what an open editor says and closes it.
+    void CloseEditor();
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = QAbstractItemView::EnsureVisible) override;
     void selectAll() override;

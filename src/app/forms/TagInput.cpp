@@ -27,7 +27,7 @@ public:
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::KeyPress) return false;
         const QString typed = static_cast<QKeyEvent*>(event)->text();
-        if (typed.isEmpty() || !typed.at(0).isPrint()) return false;
+        if (typed.isEmpty() || typed.at(0).category() == QChar::Other_Control) return false;
         const auto isDigit = [](QChar c) { return c >= QLatin1Char('0') && c <= QLatin1Char('9'); };
         if (digitsOnly_) return !std::all_of(typed.begin(), typed.end(), isDigit);
         if (IsOnThePage(typed)) return false;
@@ -41,6 +41,7 @@ private:
         if (IsOnThePage(text)) return;
         const int cursor = box_.cursorPosition();
         box_.setText(Dialogs::TagText(Dialogs::TagBytes(text)));
+        box_.setModified(true);
         box_.setCursorPosition(cursor);
     }
 

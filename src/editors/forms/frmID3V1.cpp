@@ -129,9 +129,11 @@ bool frmID3V1::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool frmID3V1::KeyDown(QObject* control, int key) {
-    const bool takesEnter = qobject_cast<QPushButton*>(control) || control == ui_->Genre;
-    const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && !takesEnter;
-    if (enter) btnOK_Click();
+    const bool enter = (key == Qt::Key_Return || key == Qt::Key_Enter) && control != ui_->Genre;
+    if (enter) {
+        auto* const button = qobject_cast<QPushButton*>(control);
+        (button ? button : ui_->btnOK)->click();
+    }
     if (key == Qt::Key_Escape) btnCancel_Click();
     return enter || key == Qt::Key_Escape;
 }

@@ -91,8 +91,10 @@ void CommandBars::FillToolbar(QToolBar& toolbar) {
         auto* made = qobject_cast<QToolButton*>(toolbar.widgetForAction(&action));
         action.setToolTip(Text(button.ToolTip));
         if (!button.Key.empty()) made->setObjectName(Text(button.Key));
-        made->setAccessibleName(Text(button.ToolTip));
-        if (button.Caption.empty()) continue;
+        if (button.Caption.empty()) {
+            made->setAccessibleName(Text(button.ToolTip));
+            continue;
+        }
         action.setIconText(Text(button.Caption));
         made->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     }

@@ -11,7 +11,10 @@
 #include "app/modBase.h"
 #include "app/modReport.h"
 #include "mainwindow/MainWindow.h"
+#include "mainwindow/Passes.h"
+#include "mainwindow/Renaming.h"
 #include "mainwindow/RowCells.h"
+#include "mainwindow/ScannerKeys.h"
 #include "mainwindow/StartFolder.h"
 #include "mainwindow/forms/CommandBars.h"
 #include "mainwindow/forms/ElidedLabel.h"
@@ -40,9 +43,6 @@ constexpr int kDesignTreeWidth = 200;
 constexpr int kLeastTreeWidth = 60;
 constexpr int kTwips = Dialogs::kTwips;
 constexpr int kColumnCount = static_cast<int>(RowCells::kColumns);
-constexpr const char* kDatabaseKeys[][2] = {
-    {"HKLM\\SOFTWARE\\G.G.\\MusicStation\\1.0\\Applications\\MSScan\\Path", "MP3-MusicStation"},
-    {"HKLM\\Software\\Brofle\\Andantico\\2.0\\Applications\\MSScan\\Path", "Andantico"}};
 
 QStringList Captions() {
     QStringList captions;
@@ -70,11 +70,14 @@ frmMain::frmMain(std::function<void()> endProcess)
     auto* menuBar = new QMenuBar(this);
     ui_->layout->setMenuBar(menuBar);
     rows_.SetAlignment(RowCells::kTrack, Qt::AlignRight);
+    rows_.SetEditable(true);
     ui_->FileList->SetRows(rows_);
-    ui_->FileList->header()->setSectionsClickable(false);
+    ui_->FileList->setContextMenuPolicy(Qt::CustomContextMenu);
+    ui_->FileList->installEventFilter(this);
     ui_->TreeViewContainer->setMinimumWidth(kLeastTreeWidth);
     ui_->Splitter->setSizes({kDesignTreeWidth, width() - kDesignTreeWidth});
     ui_->Splitter->setStretchFactor(1, 1);
+    ui_->StatusBar->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); // its texts widen no window
     MakePanels();
     ConnectView();
     ConnectCommands();
@@ -109,7 +112,13 @@ void frmMain::ConnectView() {
     MainWindowView& view = window_.View;
     view.SetCaption = [this](const std::string& text) { setWindowTitle(Dialogs::TagText(text)); };
     view.SetRepainting = [this](bool on) { ui_->FileListContainer->setUpdatesEnabled(on); };
-    view.SetTreeEnabled = [this](bool enabled) { ui_->TreeViewContainer->setEnabled(enabled); };
+    // What is disabled loses the keyboard, and does not get it back by itself.
+    view.SetTreeEnabled = [this](bool enabled) {
+        const bool hadFocus = treeHadFocus_ || focusWidget() == ui_->TreeView;
+        treeHadFocus_ = hadFocus && !enabled;
+        ui_->TreeViewContainer->setEnabled(enabled);
+        if (enabled && hadFocus) ui_->TreeView->setFocus();
+    };
     view.RefreshTree = [this] { ui_->TreeView->Refresh(); };
     view.PanelChanged = [this](int panel) { ShowPanel(panel); };
     view.RefreshList = [this] {
@@ -117,12 +126,22 @@ void frmMain::ConnectView() {
         ui_->FileList->viewport()->update();
     };
     view.EnsureVisible = [this](std::size_t row) { ui_->FileList->EnsureVisible(row); };
+    view.ShowHeaderIcon = [this](std::size_t column, bool ascending) {
+        ShowHeaderIcon(static_cast<int>(column), ascending);
+    };
     view.VisibleRows = [this] { return static_cast<std::size_t>(ui_->FileList->VisibleRows(true)); };
+    view.ColumnOrder = [this] {
+        std::vector<std::size_t> order;
+        for (int visual = 0; visual < kColumnCount; ++visual)
+            order.push_back(static_cast<std::size_t>(ui_->FileList->header()->logicalIndex(visual)));
+        return order;
+    };
 }
 
 void frmMain::ConnectCommands() {
     CommandRunner& commands = window_.Commands;
     commands.CheckSelection = [this] { return window_.CheckSelection(); };
+    commands.Prepare = [this] { CloseEdit(); };
     commands.IsFormKnown = [](std::string_view form) {
         return Forms::Instance().IsRegistered(QString::fromLatin1(form.data(), qsizetype(form.size())));
     };
@@ -134,6 +153,11 @@ void frmMain::ConnectCommands() {
     handle("submnuRefresh", [this] { window_.submnuRefresh(); });
     handle("submnuSave", [this] { window_.submnuSave(); });
     handle("submnuSelAll", [this] { window_.FileList.SelectAll(RowList::Flag::On); });
+    handle("submnuInvert", [this] { window_.FileList.SelectAll(RowList::Flag::Flip); });
+    handle("submnuGroup", [this] { window_.submnuGroup_Click(); });
+    handle("submnuDelete", [this] { Passes::MenuDelete(window_); });
+    handle("submnuUNTAGV1", [this] { Passes::RemoveID3V1(window_); });
+    handle("submnuUNTAGV2", [this] { Passes::RemoveID3V2(window_); });
     handle("submnuQuit", [this] { submnuQuit(); });
     handle("submnuAbout", [] { MainWindow::submnuAbout(); });
     handle("submnuSubDir", [this] { window_.submnuSubDir(); });
@@ -160,8 +184,24 @@ void frmMain::ConnectControls() {
     connect(ui_->FileList, &RowListView::RowDoubleClicked, this, &frmMain::OpenEditor);
     ui_->TreeView->SetBeforeChange([this](const std::string&) {
         bool changes = false;
+        CloseEdit();
         Dialogs::Guarded([&] { changes = !Progress::Running() && window_.BeforeFolderChange(); });
         return changes;
+    });
+    connect(&rows_, &RowListModel::TextEdited, this, [this](int row, const QString& text) {
+        edited_.emplace(static_cast<std::size_t>(row), Dialogs::NameBytes(text));
+        QMetaObject::invokeMethod(
+            this, [this] { FinishEdit(true); }, Qt::QueuedConnection);
+    });
+    connect(ui_->FileList, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
+        bars_->Menu("mnuFunctions").popup(ui_->FileList->viewport()->mapToGlobal(place));
+    });
+    connect(ui_->FileList->header(), &QHeaderView::sectionClicked, this, [this](int column) {
+        CloseEdit();
+        window_.ColumnClick(static_cast<std::size_t>(column));
+    });
+    ui_->TreeView->SetRename([this](const std::string& path, const std::string& name) {
+        return !Progress::Running() && Renaming::AfterFolderRename(window_, path, name);
     });
     connect(ui_->TreeView, &FolderView::Changed, this,
             [this](const std::string& path) { Skip([&] { window_.FolderChanged(path); }); });
@@ -192,13 +232,13 @@ void frmMain::Load() {
 }
 
 void frmMain::LoadSettings() {
-    QRect place(pos(), size());
+    QRect place = geometry();
     if (const auto left = NumberSetting("Settings\\WindowLeft")) place.moveLeft(*left / kTwips);
     if (const auto top = NumberSetting("Settings\\WindowTop")) place.moveTop(*top / kTwips);
     if (const auto width = NumberSetting("Settings\\WindowWidth")) place.setWidth(*width / kTwips);
     if (const auto height = NumberSetting("Settings\\WindowHeight")) place.setHeight(*height / kTwips);
     resize(place.size());
-    move(place.topLeft());
+    Dialogs::Place(*this, place.topLeft());
     window_.Options.Load();
     PlaceToolbar(window_.Options.ToolPos);
     window_.SetPanel(5, window_.Options.SubDir ? "Subdir.: Yes" : "Subdir.: No");
@@ -232,9 +272,15 @@ void frmMain::SelectStartFile() {
     if (CodePage::EndsWithNoCase(name, ".mp3")) name.resize(name.size() - 4);
     RowList& rows = window_.FileList;
     std::size_t found = RowList::kNone;
+    int best = -1; // the folder's own file, and the letter case as it is, go before others
     for (std::size_t row = 0; row < rows.Count(); ++row) {
-        if (rows.At(row).Text == name) found = row;
-        if (found == RowList::kNone && CodePage::EqualNoCase(rows.At(row).Text, name)) found = row;
+        const RowList::Row& one = rows.At(row);
+        if (!CodePage::EqualNoCase(one.Text, name)) continue;
+        const int rank =
+            (RowList::Cell(one, RowCells::kSubdirectory).empty() ? 2 : 0) + (one.Text == name ? 1 : 0);
+        if (rank <= best) continue;
+        best = rank;
+        found = row;
     }
     if (found == RowList::kNone) return;
     rows.SelectOnly(found, found);
@@ -245,11 +291,11 @@ void frmMain::SelectStartFile() {
 void frmMain::LoadDatabaseMenu() {
     QMenu& menu = bars_->Menu("mnuMS");
     menu.menuAction()->setVisible(false);
-    for (const auto& [key, caption] : kDatabaseKeys) {
+    for (const auto& [key, product] : kScannerKeys) {
         clsRegistry registry;
         registry.SetKey(key);
         if (!registry.KeyExists()) continue;
-        menu.setTitle(QString::fromLatin1(caption));
+        menu.setTitle(QString::fromLatin1(product));
         menu.menuAction()->setVisible(true);
         return;
     }
@@ -258,9 +304,10 @@ void frmMain::LoadDatabaseMenu() {
 bool frmMain::QueryUnload(UnloadReason) { return !Progress::Running(); }
 
 bool frmMain::Unload() {
+    CloseEdit();
     Forms::Instance().Unload(QStringLiteral("frmSearch"));
     Forms::Instance().Unload(QStringLiteral("frmErrors"));
-    bool goes = true;
+    bool goes = false;
     Dialogs::Guarded([&] { goes = window_.SaveQuestion(false); });
     if (!goes) return false;
     Dialogs::Guarded([&] { SaveSettings(); });
@@ -278,8 +325,8 @@ void frmMain::SaveSettings() const {
     SaveColumns();
     SaveNumber("Settings\\VerShow", modBase::VerShow);
     if (Dialogs::PlacesAreKnown()) {
-        SaveNumber("Settings\\WindowLeft", x() * kTwips);
-        SaveNumber("Settings\\WindowTop", y() * kTwips);
+        SaveNumber("Settings\\WindowLeft", geometry().x() * kTwips);
+        SaveNumber("Settings\\WindowTop", geometry().y() * kTwips);
     }
     SaveNumber("Settings\\WindowWidth", width() * kTwips);
     SaveNumber("Settings\\WindowHeight", height() * kTwips);
@@ -316,6 +363,16 @@ void frmMain::showEvent(QShowEvent* event) {
 
 bool frmMain::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::WindowActivate) ShowLockKeys();
+    if (watched == ui_->FileList && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (enter && key->modifiers() == Qt::ControlModifier) {
+            window_.ShowSelectedCount();
+            window_.ShowNameLength();
+            OpenEditorOfSelection();
+            return true;
+        }
+    }
     if (event->type() == QEvent::KeyRelease) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         if (key == Qt::Key_NumLock || key == Qt::Key_CapsLock) ShowLockKeys();
@@ -348,7 +405,7 @@ void frmMain::ShowHeaderIcon(int column, bool ascending) {
 bool frmMain::IsTreeShown() const { return !ui_->TreeViewContainer->isHidden(); }
 
 void frmMain::HideTree() {
-    treeWidth_ = ui_->Splitter->sizes().constFirst();
+    treeWidth_ = wasShown_ ? ui_->Splitter->sizes().constFirst() : kDesignTreeWidth;
     ui_->TreeViewContainer->hide();
 }
 
@@ -359,6 +416,32 @@ void frmMain::ToggleTree() {
     }
     ui_->TreeViewContainer->show();
     ui_->Splitter->setSizes({treeWidth_, ui_->Splitter->width() - treeWidth_});
+}
+
+void frmMain::CloseEdit() {
+    ui_->FileList->CloseEditor();
+    FinishEdit(false);
+}
+
+// Boxes and the next edit come when the edit box has gone.
+void frmMain::FinishEdit(bool opensNext) {
+    if (!edited_ || Progress::Running()) return;
+    const auto [row, name] = *std::exchange(edited_, std::nullopt);
+    if (row >= window_.FileList.Count()) return;
+    const bool goesOn = Renaming::AfterLabelEdit(window_, row, name);
+    if (!goesOn || !opensNext) return;
+    if (window_.FileList.SelectedCount() <= 1) window_.FileList.SelectOnly(row + 1, row + 1);
+    window_.FileList.SetCurrent(row + 1);
+    ui_->FileList->EnsureVisible(row + 1);
+    ui_->FileList->EditRow(static_cast<int>(row) + 1);
+}
+
+// Ctrl+Enter opens the editor of many files where more than one is selected.
+void frmMain::OpenEditorOfSelection() {
+    const bool many = window_.FileList.SelectedCount() >= 2;
+    const QString form =
+        window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
+    Forms::Instance().ShowModal(many ? form + QStringLiteral("Multi") : form, objectName());
 }
 
 // Never the editor of many files, however many are selected.

@@ -9,6 +9,9 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 class QLabel;
 
@@ -61,6 +64,9 @@ private:
     void ToggleTree();
     void HideTree();
     void OpenEditor();
+    void OpenEditorOfSelection();
+    void FinishEdit(bool opensNext);
+    void CloseEdit();
     void submnuQuit();
 
     std::unique_ptr<Ui::frmMain> ui_;
@@ -70,7 +76,9 @@ private:
     std::unique_ptr<CommandBars> bars_;
     std::array<QLabel*, 8> panels_{};
     LockKeys lockKeys_;
-    int treeWidth_ = 0; // while the tree is hidden
+    std::optional<std::pair<std::size_t, std::string>> edited_; // row and name, not yet taken over
+    int treeWidth_ = 0;                                         // while the tree is hidden
+    bool treeHadFocus_ = false; // when it was disabled
     bool wasShown_ = false;
 };
 
