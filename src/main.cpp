@@ -19,6 +19,7 @@
 #include "engine/Tables.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/forms/frmMain.h"
+#include "massops/forms/frmSearch.h"
 #include "platform/Failure.h"
 #include "platform/FileSystem.h"
 #include "platform/HostPath.h"
@@ -91,9 +92,11 @@ void RegisterForms(bool display, int& exitStatus) {
     forms.Register(QStringLiteral("frmErrors"), [] { return new frmErrors; });
     forms.Register(QStringLiteral("frmMain"), [&exitStatus] {
         auto* form = new frmMain([&exitStatus] { QCoreApplication::exit(exitStatus); });
+        TheMainWindow().Commands.SetHandler("submnuSearch", frmSearch::submnuSearch);
         return form;
     });
     forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
+    forms.Register(QStringLiteral("frmSearch"), [] { return new frmSearch; });
     forms.Register(QStringLiteral("frmMassUpdate"), [display, &exitStatus] {
         frmMassUpdate::Surroundings surroundings;
         surroundings.SetExitStatus = [&exitStatus](int status) { exitStatus = status; };
