@@ -14,7 +14,9 @@
 #include "app/modBase.h"
 #include "app/modReport.h"
 #include "automation/MassUpdate.h"
+#include "automation/forms/OutsideCommands.h"
 #include "automation/forms/frmMassUpdate.h"
+#include "automation/forms/frmOptions.h"
 #include "editors/forms/frmID3V1.h"
 #include "engine/Tables.h"
 #include "mainwindow/MainWindow.h"
@@ -93,10 +95,12 @@ void RegisterForms(bool display, int& exitStatus) {
     forms.Register(QStringLiteral("frmMain"), [&exitStatus] {
         auto* form = new frmMain([&exitStatus] { QCoreApplication::exit(exitStatus); });
         TheMainWindow().Commands.SetHandler("submnuSearch", frmSearch::submnuSearch);
+        RegisterOutsideCommands(TheMainWindow().Commands);
         return form;
     });
     forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
     forms.Register(QStringLiteral("frmSearch"), [] { return new frmSearch; });
+    forms.Register(QStringLiteral("frmOptions"), [] { return new frmOptions; });
     forms.Register(QStringLiteral("frmMassUpdate"), [display, &exitStatus] {
         frmMassUpdate::Surroundings surroundings;
         surroundings.SetExitStatus = [&exitStatus](int status) { exitStatus = status; };

@@ -37,6 +37,14 @@ struct ProgressState {
     bool CanCancel = true;
 };
 
+/// The texts of the window that asks for a folder, and the one it begins with.
+struct FolderRequest {
+    std::string Title;
+    std::string Caption;
+    std::string StatusText;
+    std::string StartPath; // an inside path, with or without a backslash at its end
+};
+
 /// What the floors without windows ask of them. The windows put the real ones in at start-up, tests their
 /// own; the defaults answer and do nothing.
 struct Services {
@@ -45,6 +53,17 @@ struct Services {
         [](const std::string&, int, const std::string&) { return MsgBox::kOk; };
     /// Lets pending window events run; called once per file or row of a pass.
     std::function<void()> Yield = [] {};
+    /// Paints what is due while the program waits for another one; what is typed and clicked meanwhile is
+    /// lost.
+    std::function<void()> KeepPainting = [] {};
+
+    /// Asks for a line of text, empty on Cancel. What the code page lacks comes as an escape (see HostPath).
+    std::function<std::string(const std::string& prompt, const std::string& title)> InputBox =
+        [](const std::string&, const std::string&) { return std::string(); };
+    /// Asks for a folder: its inside path, a backslash for the root, empty on Cancel.
+    std::function<std::string(const FolderRequest& request)> BrowseForFolder = [](const FolderRequest&) {
+        return std::string();
+    };
 
     /// The progress window; Progress alone calls these.
     std::function<void()> LoadProgress = [] {};

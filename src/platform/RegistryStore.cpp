@@ -170,6 +170,38 @@ std::string Join(const std::string& path, std::string_view subKey) {
     return subKey.empty() ? path : path + '\\' + std::string(subKey);
 }
 
+// What the store itself knows of file types. A key's value without a name is there only for ".mp3".
+constexpr std::string_view kClasses = "HKEY_CLASSES_ROOT";
+constexpr std::string_view kMp3Class = "HKEY_CLASSES_ROOT\\.mp3";
+constexpr std::string_view kMp3Type = "mp3file";
+constexpr std::string_view kClassKeys[] = {kClasses, kMp3Class, "HKEY_CLASSES_ROOT\\mp3file",
+                                           "HKEY_CLASSES_ROOT\\mp3file\\shell",
+                                           "HKEY_CLASSES_ROOT\\mp3file\\shell\\Open"};
+
+bool IsClass(std::string_view path) {
+    return CodePage::EqualNoCase(path.substr(0, kClasses.size()), kClasses) &&
+           (path.size() == kClasses.size() || path[kClasses.size()] == '\\');
+}
+
+RegistryStore::Status OpenClass(std::string_view path, RegistryStore::Key& key) {
+    for (const std::string_view one : kClassKeys) {
+        if (!CodePage::EqualNoCase(one, path)) continue;
+        key.Path = one;
+        return RegistryStore::kSuccess;
+    }
+    return RegistryStore::kNotFound;
+}
+
+RegistryStore::Status EnumerateClasses(std::string_view parent, std::size_t index, std::string& name) {
+    for (const std::string_view one : kClassKeys) {
+        const std::size_t last = one.rfind('\\');
+        if (last == std::string_view::npos || one.substr(0, last) != parent || index-- > 0) continue;
+        name = one.substr(last + 1);
+        return RegistryStore::kSuccess;
+    }
+    return RegistryStore::kNoMoreItems;
+}
+
 bool IsText(std::uint32_t type) {
     return type == RegistryStore::kText || type == RegistryStore::kExpandableText;
 }
@@ -269,6 +301,7 @@ RegistryStore::Key RegistryStore::RootKey(std::uint32_t handle) {
 
 RegistryStore::Status RegistryStore::OpenKey(const Key& parent, std::string_view subKey, Key& key) {
     const std::string path = Join(parent.Path, subKey);
+    if (IsClass(path)) return OpenClass(path, key);
     const int result = Statement(database_.get(), "SELECT 1 FROM keys WHERE path = ?").Text(path).Step();
     if (result == SQLITE_DONE) return kNotFound;
     if (result != SQLITE_ROW || sqlite3_db_readonly(database_.get(), "main") != 0) return kAccessDenied;
@@ -281,7 +314,7 @@ RegistryStore::Status RegistryStore::CreateKey(const Key& parent, std::string_vi
     if (opened != kNotFound) return opened;
     const std::string path = Join(parent.Path, subKey);
     if (path.find("\\\\") != std::string::npos || path.back() == '\\') return kNotFound;
-    if (RefusesWrites()) return kAccessDenied;
+    if (RefusesWrites() || IsClass(path)) return kAccessDenied;
     Batch batch(*this);
     for (std::size_t end = parent.Path.size(); end != std::string::npos;) {
         const std::string above = path.substr(0, end);
@@ -296,7 +329,8 @@ RegistryStore::Status RegistryStore::CreateKey(const Key& parent, std::string_vi
 }
 
 RegistryStore::Status RegistryStore::DeleteKey(const Key& parent, std::string_view subKey) {
-    if (RefusesWrites() || Join({}, subKey).empty()) return kAccessDenied;
+    const bool isRoot = Join({}, subKey).empty();
+    if (RefusesWrites() || isRoot || IsClass(parent.Path)) return kAccessDenied;
     Statement remove(database_.get(), "DELETE FROM keys WHERE path = ?");
     const Status status = StatusOf(remove.Text(Join(parent.Path, subKey)).Step());
     if (status != kSuccess) return status;
@@ -304,6 +338,7 @@ RegistryStore::Status RegistryStore::DeleteKey(const Key& parent, std::string_vi
 }
 
 RegistryStore::Status RegistryStore::EnumerateKeys(const Key& key, std::size_t index, std::string& name) {
+    if (IsClass(key.Path)) return EnumerateClasses(key.Path, index, name);
     Statement select(database_.get(),
                      "SELECT path FROM keys WHERE parent = ? ORDER BY path LIMIT 1 OFFSET ?");
     const int result = select.Text(key.Path).Number(static_cast<std::int64_t>(index)).Step();
@@ -316,12 +351,17 @@ RegistryStore::Status RegistryStore::EnumerateKeys(const Key& key, std::size_t i
 
 RegistryStore::Status RegistryStore::QueryValue(const Key& key, std::string_view name, std::size_t room,
                                                 Value& value) {
-    Statement select(database_.get(), "SELECT type, value FROM settings WHERE path = ? AND name = ?");
-    const int result = select.Text(key.Path).Text(name).Step();
-    if (result == SQLITE_DONE) return kNotFound;
-    if (result != SQLITE_ROW) return StatusOf(result);
-    value.Type = static_cast<std::uint32_t>(select.ColumnNumber(0));
-    value.Data = ColumnData(select, 1, value.Type);
+    if (key.Path == kMp3Class && name.empty()) {
+        value.Type = kText;
+        value.Data = std::string(kMp3Type) + '\0';
+    } else {
+        Statement select(database_.get(), "SELECT type, value FROM settings WHERE path = ? AND name = ?");
+        const int result = select.Text(key.Path).Text(name).Step();
+        if (result == SQLITE_DONE) return kNotFound;
+        if (result != SQLITE_ROW) return StatusOf(result);
+        value.Type = static_cast<std::uint32_t>(select.ColumnNumber(0));
+        value.Data = ColumnData(select, 1, value.Type);
+    }
     value.Size = value.Data.size();
     if (value.Size <= room) return kSuccess;
     value.Data.clear();
@@ -330,7 +370,7 @@ RegistryStore::Status RegistryStore::QueryValue(const Key& key, std::string_view
 
 RegistryStore::Status RegistryStore::SetValue(const Key& key, std::string_view name, std::uint32_t type,
                                               std::string_view data) {
-    if (RefusesWrites()) return kAccessDenied;
+    if (RefusesWrites() || IsClass(key.Path)) return kAccessDenied;
     Statement insert(database_.get(), "INSERT INTO settings (path, name, type, value) VALUES (?, ?, ?, ?)"
                                       " ON CONFLICT (path, name) DO UPDATE SET type = excluded.type,"
                                       " value = excluded.value");
@@ -340,7 +380,7 @@ RegistryStore::Status RegistryStore::SetValue(const Key& key, std::string_view n
 }
 
 RegistryStore::Status RegistryStore::DeleteValue(const Key& key, std::string_view name) {
-    if (RefusesWrites()) return kAccessDenied;
+    if (RefusesWrites() || IsClass(key.Path)) return kAccessDenied;
     Statement remove(database_.get(), "DELETE FROM settings WHERE path = ? AND name = ?");
     const Status status = StatusOf(remove.Text(key.Path).Text(name).Step());
     if (status != kSuccess) return status;

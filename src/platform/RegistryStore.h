@@ -28,6 +28,9 @@ namespace calyvox {
 ///             value   TEXT for 1 and 2, INTEGER for 4, BLOB for all others, NULL for a value of no bytes
 ///             position  ascending in the order in which the values were made
 ///
+/// HKEY_CLASSES_ROOT is not in the file: the store answers for it, ".mp3" being an "mp3file" that can be
+/// opened, and takes no writes there.
+///
 /// user_version is 1, the journal mode DELETE. A value stored in another class than its type has is
 /// converted as SQLite converts it. A file that its owner may not write is opened for reading alone.
 class RegistryStore {

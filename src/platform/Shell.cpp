@@ -62,14 +62,25 @@ bool Start(const std::vector<std::string>& arguments) {
     return WaitFor(between) == 0;
 }
 
-bool StartAndWait(const std::vector<std::string>& arguments) {
+bool StartAndWait(const std::vector<std::string>& arguments, const std::function<void()>& meanwhile) {
+    constexpr useconds_t kStepMicroseconds = 20000;
     const pid_t child = Spawn(ArgvOf(arguments));
     if (child <= 0) return false;
-    WaitFor(child);
+    if (!meanwhile) {
+        WaitFor(child);
+        return true;
+    }
+    while (::waitpid(child, nullptr, WNOHANG) == 0) {
+        meanwhile();
+        ::usleep(kStepMicroseconds);
+    }
+    meanwhile();
     return true;
 }
 
-bool OpenWithDesktop(const std::string& hostTarget) { return Start({"xdg-open", hostTarget}); }
+bool OpenWithDesktop(const std::string& hostTarget) {
+    return Start({"xdg-open", hostTarget}) || Start({"gio", "open", hostTarget});
+}
 
 std::vector<std::string> SplitCommandLine(const std::string& commandLine) {
     std::vector<std::string> arguments;

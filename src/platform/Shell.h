@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -11,8 +12,9 @@ namespace calyvox::Shell {
 /// Starts a program that goes on by itself; the name is looked up in PATH. False if it cannot be started.
 bool Start(const std::vector<std::string>& arguments);
 
-/// Starts a program and waits for its end without limit. A start that fails returns at once, false.
-bool StartAndWait(const std::vector<std::string>& arguments);
+/// Starts a program and waits for its end without limit. A start that fails returns at once, false. If
+/// there is a meanwhile, it is called every now and then during the wait, and once behind it.
+bool StartAndWait(const std::vector<std::string>& arguments, const std::function<void()>& meanwhile = {});
 
 /// Opens a file or an address with the program that the desktop has for it. False if there is none to ask.
 bool OpenWithDesktop(const std::string& hostTarget);

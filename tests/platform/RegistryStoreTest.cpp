@@ -91,6 +91,19 @@ TEST_F(RegistryStoreTest, ABatchIsUndoneWithoutCommitAndNests) {
     EXPECT_EQ(Outside("SELECT path FROM keys WHERE parent NOT NULL"), "HKEY_CURRENT_USER\\Kept|");
 }
 
+TEST_F(RegistryStoreTest, TheStoreItselfTellsTheTypeOfMp3FilesAndTakesNoWritesThere) {
+    const Store::Key classes = Store::RootKey(0x80000000);
+    std::string names, name;
+    for (const char* path : {"", "MP3FILE\\Shell\\", "mp3file\\shell\\open", ".MP3"}) {
+        EXPECT_EQ(store_->OpenKey(classes, path, key_), Store::kSuccess) << path;
+        for (std::size_t i = 0; store_->EnumerateKeys(key_, i, name) == Store::kSuccess; ++i)
+            names += name + "|";
+        EXPECT_EQ(store_->SetValue(key_, "", Store::kText, "x"), Store::kAccessDenied);
+    }
+    EXPECT_EQ(names + Query(key_, ""), ".mp3|mp3file|Open|1 mp3file\0"s);
+    EXPECT_EQ(store_->CreateKey(classes, "mp3file\\shell\\Play", key_), Store::kAccessDenied);
+}
+
 TEST_F(RegistryStoreTest, AReadOnlyFileRefusesToOpenKeysAndToWrite) {
     ::chmod(file_.c_str(), 0444);
     Store readOnly(file_);

@@ -4,12 +4,14 @@
 
 #include "app/Services.h"
 #include "app/forms/Dialogs.h"
+#include "app/forms/FolderDialog.h"
 #include "app/forms/Forms.h"
 #include "app/forms/frmErrors.h"
 #include "app/forms/frmProgress.h"
 #include "app/forms/frmWelcome.h"
 
 #include <QApplication>
+#include <QInputDialog>
 #include <QMessageBox>
 
 #include <cstdio>
@@ -71,13 +73,59 @@ QMessageBox::StandardButton DefaultOf(int buttons) {
     return ButtonsOf(buttons) & QMessageBox::Yes ? QMessageBox::Yes : QMessageBox::Ok;
 }
 
+QWidget* Below() {
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
 int ShowBox(const std::string& text, int buttons, const std::string& title) {
-    QWidget* below = QApplication::activeModalWidget();
-    QMessageBox box(IconOf(buttons), Dialogs::TagText(title), Lines(text), ButtonsOf(buttons),
-                    below ? below : QApplication::activeWindow());
+    QMessageBox box(IconOf(buttons), Dialogs::TagText(title), Lines(text), ButtonsOf(buttons), Below());
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(DefaultOf(buttons));
     return CodeOf(box.exec());
+}
+
+std::string AskForText(const std::string& prompt, const std::string& title) {
+    return Dialogs::NameBytes(QInputDialog::getText(Below(), Dialogs::TagText(title), Lines(prompt)));
+}
+
+std::string AskForFolder(const FolderRequest& request) {
+    FolderDialog dialog(request, Below());
+    return dialog.exec() == QDialog::Accepted ? dialog.Path() : std::string();
+}
+
+// Takes all input from the application.
+class InputBlock : public QObject {
+public:
+    InputBlock() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonRelease:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseMove:
+        case QEvent::Wheel:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+        case QEvent::Shortcut:
+        case QEvent::ShortcutOverride:
+        case QEvent::ContextMenu:
+        case QEvent::TouchBegin:
+        case QEvent::TouchUpdate:
+        case QEvent::TouchEnd:
+        case QEvent::DragEnter:
+        case QEvent::Drop:
+            return true;
+        default:
+            return false;
+        }
+    }
+};
+
+void KeepPainting() {
+    const InputBlock block;
+    QCoreApplication::processEvents();
 }
 
 int PrintBox(const std::string& text, int buttons, const std::string& title) {
@@ -121,6 +169,11 @@ void InstallWindows() {
 void InstallServices(bool display) {
     TheServices().MessageBox = display ? ShowBox : PrintBox;
     TheServices().Yield = [] { QCoreApplication::processEvents(); };
+    TheServices().KeepPainting = KeepPainting;
+    if (display) {
+        TheServices().InputBox = AskForText;
+        TheServices().BrowseForFolder = AskForFolder;
+    }
     InstallWindows();
 }
 
