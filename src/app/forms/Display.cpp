@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QLibraryInfo>
 
+#include <memory>
+
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -15,12 +17,14 @@ namespace calyvox::Display {
 
 namespace {
 
+using Connection = std::unique_ptr<xcb_connection_t, void (*)(xcb_connection_t*)>;
+
+// A server without other clients may start anew when its last one leaves, and refuses whoever comes
+// meanwhile. So a connection that answers stays until the process ends.
 bool XServerAnswers() {
     if (qEnvironmentVariableIsEmpty("DISPLAY")) return false;
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool answers = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return answers;
+    static const Connection kConnection(xcb_connect(nullptr, nullptr), xcb_disconnect);
+    return xcb_connection_has_error(kConnection.get()) == 0;
 }
 
 bool HasWaylandPlugin() {
