@@ -41,6 +41,7 @@ constexpr auto kCommands = std::to_array<Command>({
     {"submnuID3V2Genre", "mnuTools", "Enter ID3V2-Genres", "Ctrl+G", false, "frmID3V2Genre", "genre"},
     {"submnuCaseConv", "mnuTools", "Case Conversion", "Ctrl+F2", true, "frmCaseConv", "caseconvert"},
     {"submnuTransfer", "mnuTools", "Transfer/Convert ID3-Tags", "F4", true, "frmTransfer", "transfer"},
+    {"submnuCheckMP3", "mnuTools", "Check MP3", "F6", false, "", "", {}, false, false},
     {"submnuCreateM3U", "submnuLists", "M3U-Playlist", "Ctrl+L", false, "", "m3u"},
     {"submnuCreateHTML", "submnuLists", "HTML-Filelist", "Ctrl+H", false, "", "html"},
 

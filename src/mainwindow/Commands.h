@@ -23,6 +23,7 @@ struct Command {
     std::string_view Icon = {};
     CommandKind Kind = CommandKind::Plain;
     bool BeginsGroup = false; // a separator stands above it
+    bool Visible = true;
 };
 
 /// A menu; the parent of a top-level one is empty. A menu stands in its parent where its first command

@@ -123,7 +123,7 @@ void MainWindow::BringToTop(const std::string& file) {
         if (FileOf(row).MP3File_FileName() != file) continue;
         View.EnsureVisible(row);
         View.EnsureVisible(
-            std::min(row + std::max<std::size_t>(View.VisibleRows(), 1) - 1, FileList.Count() - 1));
+            std::min(row + std::max<std::size_t>(View.ListViewVisibleRows(), 1) - 1, FileList.Count() - 1));
         return;
     }
 }
@@ -228,7 +228,7 @@ void MainWindow::SetPanel(int panel, const std::string& text) {
 }
 
 void MainWindow::ShowSelectedCount() {
-    SetPanel(2, std::string(kSelectedWords) + std::to_string(FileList.SelectedCount()));
+    SetPanel(2, std::string(kSelectedWords) + std::to_string(ListViewSelectedCount()));
 }
 
 std::size_t MainWindow::ShownSelectedCount() const {

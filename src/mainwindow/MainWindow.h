@@ -30,7 +30,7 @@ struct MainWindowView {
     /// The arrow in a column's header; no other has one.
     std::function<void(std::size_t column, bool ascending)> ShowHeaderIcon = [](std::size_t, bool) {};
     /// Rows that fit on one page, not more than there are.
-    std::function<std::size_t()> VisibleRows = [] { return std::size_t{1}; };
+    std::function<std::size_t()> ListViewVisibleRows = [] { return std::size_t{1}; };
     /// The columns as they are shown, from the left.
     std::function<std::vector<std::size_t>()> ColumnOrder = [] {
         return std::vector<std::size_t>{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
@@ -52,6 +52,7 @@ public:
     bool TreeBusy = false;
 
     MP3& FileOf(std::size_t row) const;
+    std::size_t ListViewSelectedCount() const { return FileList.SelectedCount(); }
     std::size_t CountChanged() const;
 
     /// Reads ActivPath anew. All objects go, and unsaved changes with them.

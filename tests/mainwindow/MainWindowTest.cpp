@@ -62,7 +62,7 @@ TEST_F(MainWindowTest, AScanTakesFilesAloneAndMakesNone) {
 TEST_F(MainWindowTest, TheFileIsShownOnTopInTurnedOrder) {
     std::string shown;
     window_.View.EnsureVisible = [&](std::size_t row) { shown += std::to_string(row); };
-    window_.View.VisibleRows = [&] { return shown.size() < 2 ? 2U : 0U; };
+    window_.View.ListViewVisibleRows = [&] { return shown.size() < 2 ? 2U : 0U; };
     List({"a.mp3", "b.mp3", "c.mp3"});
     window_.Activated();
     window_.FillListView(folder_.Inside("c.mp3"));

@@ -4,7 +4,7 @@
 
 #include "app/Services.h"
 #include "app/forms/Dialogs.h"
-#include "app/forms/FolderDialog.h"
+#include "app/forms/clsBrowse.h"
 #include "app/forms/Forms.h"
 #include "app/forms/frmErrors.h"
 #include "app/forms/frmProgress.h"
@@ -90,7 +90,7 @@ std::string AskForText(const std::string& prompt, const std::string& title) {
 }
 
 std::string AskForFolder(const FolderRequest& request) {
-    FolderDialog dialog(request, Below());
+    clsBrowse dialog(request, Below());
     return dialog.exec() == QDialog::Accepted ? dialog.Path() : std::string();
 }
 

@@ -47,6 +47,7 @@ void CommandBars::MakeActions(QWidget& owner) {
         action->setObjectName(Text(command.Name));
         action->setShortcut(QKeySequence(Text(command.Shortcut)));
         action->setCheckable(command.Kind != CommandKind::Plain);
+        action->setVisible(command.Visible);
         connect(action, &QAction::triggered, this, [this, &command] { Run(command); });
         owner.addAction(action);
         actions_.insert(Text(command.Name), action);

@@ -129,11 +129,12 @@ void frmMain::ConnectView() {
     view.ShowHeaderIcon = [this](std::size_t column, bool ascending) {
         ShowHeaderIcon(static_cast<int>(column), ascending);
     };
-    view.VisibleRows = [this] { return static_cast<std::size_t>(ui_->FileList->VisibleRows(true)); };
+    view.ListViewVisibleRows = [this] { return static_cast<std::size_t>(ui_->FileList->VisibleRows(true)); };
     view.ColumnOrder = [this] {
-        std::vector<std::size_t> order;
+        std::vector<std::size_t> order(RowCells::kColumns);
         for (int visual = 0; visual < kColumnCount; ++visual)
-            order.push_back(static_cast<std::size_t>(ui_->FileList->header()->logicalIndex(visual)));
+            order[static_cast<std::size_t>(visual)] =
+                static_cast<std::size_t>(ui_->FileList->header()->logicalIndex(visual));
         return order;
     };
 }
@@ -438,7 +439,7 @@ void frmMain::FinishEdit(bool opensNext) {
 
 // Ctrl+Enter opens the editor of many files where more than one is selected.
 void frmMain::OpenEditorOfSelection() {
-    const bool many = window_.FileList.SelectedCount() >= 2;
+    const bool many = window_.ListViewSelectedCount() >= 2;
     const QString form =
         window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
     Forms::Instance().ShowModal(many ? form + QStringLiteral("Multi") : form, objectName());

@@ -1,6 +1,6 @@
 // SPDX-FileCopyrightText: The Calyvox developers
 // SPDX-License-Identifier: MIT
-#include "app/forms/FolderDialog.h"
+#include "app/forms/clsBrowse.h"
 
 #include "app/forms/Dialogs.h"
 #include "app/forms/FolderView.h"
@@ -11,7 +11,7 @@
 
 namespace calyvox {
 
-FolderDialog::FolderDialog(const FolderRequest& request, QWidget* parent)
+clsBrowse::clsBrowse(const FolderRequest& request, QWidget* parent)
     : QDialog(parent), tree_(new FolderView(this)) {
     constexpr QSize kSize(380, 460);
     setWindowTitle(Dialogs::TagText(request.Caption));
@@ -37,6 +37,6 @@ FolderDialog::FolderDialog(const FolderRequest& request, QWidget* parent)
     tree_->setFocus();
 }
 
-std::string FolderDialog::Path() const { return tree_->Path().empty() ? "\\" : tree_->Path(); }
+std::string clsBrowse::Path() const { return tree_->Path().empty() ? "\\" : tree_->Path(); }
 
 } // namespace calyvox

@@ -12,11 +12,11 @@ class FolderView;
 
 /// Asks for a folder with the same tree as the main window, so that every name can be chosen. Remembers
 /// nothing.
-class FolderDialog : public QDialog {
+class clsBrowse : public QDialog {
     Q_OBJECT
 
 public:
-    explicit FolderDialog(const FolderRequest& request, QWidget* parent = nullptr);
+    explicit clsBrowse(const FolderRequest& request, QWidget* parent = nullptr);
 
     /// The chosen folder's inside path, a backslash for the root.
     std::string Path() const;
