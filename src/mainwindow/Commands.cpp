@@ -125,7 +125,10 @@ const Command* FindCommand(std::string_view name) {
 }
 
 void CommandRunner::SetHandler(std::string_view name, std::function<void()> handler) {
-    handlers_.insert_or_assign(std::string(name), std::move(handler));
+    if (handler)
+        handlers_.insert_or_assign(std::string(name), std::move(handler));
+    else
+        handlers_.erase(std::string(name));
 }
 
 bool CommandRunner::IsOffered(const Command& command) const {

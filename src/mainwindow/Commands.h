@@ -54,6 +54,7 @@ const Command* FindCommand(std::string_view name);
 /// nothing; while a pass runs none does anything.
 class CommandRunner {
 public:
+    /// An empty handler takes the command from what is offered.
     void SetHandler(std::string_view name, std::function<void()> handler);
     bool IsOffered(const Command& command) const;
     void Run(std::string_view name) const;

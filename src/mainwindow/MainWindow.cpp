@@ -121,6 +121,7 @@ void MainWindow::AddRows(Progress& progress, bool paints) {
 void MainWindow::BringToTop(const std::string& file) {
     for (std::size_t row = 0; row < FileList.Count(); ++row) {
         if (FileOf(row).MP3File_FileName() != file) continue;
+        FileList.SetCurrent(row);
         View.EnsureVisible(row);
         View.EnsureVisible(
             std::min(row + std::max<std::size_t>(View.ListViewVisibleRows(), 1) - 1, FileList.Count() - 1));

@@ -59,15 +59,19 @@ bool HasForbidden(const std::string& name) {
     return changed;
 }
 
-// Whether the disk takes the new name, and the old one again.
-bool CanRename(const std::string& from, const std::string& to) {
+// Tries the new name, goes back to the old one, and takes the new one for good. If there is no way back,
+// the new name stands.
+bool RenamedOnDisk(const std::string& from, const std::string& to) {
     try {
         FileSystem::Rename(from, to);
-        FileSystem::Rename(to, from);
-        return true;
     } catch (const Failure&) {
         return false;
     }
+    Skip([&] {
+        FileSystem::Rename(to, from);
+        FileSystem::Rename(from, to);
+    });
+    return FileSystem::FolderExists(to);
 }
 
 std::string Moved(const std::string& path, const std::string& from, const std::string& to) {
@@ -115,14 +119,10 @@ bool AfterFolderRename(MainWindow& window, const std::string& folder, const std:
     }
     if (folder.empty() || folder.ends_with('\\')) return false;
     const std::string target = FolderOf(folder) + wanted;
-    if (target == folder || wanted.empty()) return false;
-    if (CanRename(folder, target)) {
-        try {
-            FileSystem::Rename(folder, target);
-            MovePaths(window, folder, target);
-            return true;
-        } catch (const Failure&) { // between the trial and this somebody else was faster
-        }
+    if (target == folder) return false;
+    if (!wanted.empty() && RenamedOnDisk(folder, target)) {
+        MovePaths(window, folder, target);
+        return true;
     }
     Tell("Folder could not be renamed. Please ensure that it is not in use,\r"
          "e. g. by a MP3-File from this folder that is played,\r"

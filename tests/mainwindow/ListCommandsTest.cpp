@@ -28,7 +28,8 @@ protected:
     ~ListCommandsTest() override { TheServices() = Services(); }
     void List(const std::vector<std::string>& names) {
         for (const std::string& name : names)
-            folder_.Write(name, build::Tag(3, build::Text(3, "TPE1", "A")) + build::Audio() + build::Id3v1({}));
+            folder_.Write(name,
+                          build::Tag(3, build::Text(3, "TPE1", "A")) + build::Audio() + build::Id3v1({}));
         window_.FolderChanged(folder_.InsidePath());
     }
     std::string Column(std::size_t column) const {
@@ -95,7 +96,7 @@ TEST_F(ListCommandsTest, ARenamedFolderTakesItsUnsavedFilesAlong) {
     for (const char* name : {"new:", "other", ""})
         EXPECT_FALSE(Renaming::AfterFolderRename(window_, folder_.Inside("old"), name));
     EXPECT_FALSE(Renaming::AfterFolderRename(window_, "", "x")) << "the root";
-    EXPECT_EQ(boxes_, "Wrong character|Error during renaming|");
+    EXPECT_EQ(boxes_, "Wrong character|Error during renaming|Error during renaming|");
     EXPECT_TRUE(Renaming::AfterFolderRename(window_, folder_.Inside("old"), " new "));
     EXPECT_EQ(window_.Panel(3), "Current Path: " + folder_.Inside("new") + "\\");
     window_.submnuSave();

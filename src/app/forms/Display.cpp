@@ -6,12 +6,12 @@
 #include <QDir>
 #include <QLibraryInfo>
 
-#include <memory>
-
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 #include <xcb/xcb.h>
+
+#include <memory>
 
 namespace calyvox::Display {
 

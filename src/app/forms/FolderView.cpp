@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPointer>
 #include <QScrollBar>
@@ -83,12 +84,23 @@ void FolderView::SetRename(std::function<bool(const std::string& path, const std
     rename_ = std::move(rename);
     setEditTriggers(EditKeyPressed);
     connect(model_, &FolderModel::NameEdited, this, [this](const std::string& path, const QString& name) {
-        QMetaObject::invokeMethod(
-            this, [=, this] { Rename(path, Dialogs::NameBytes(name)); }, Qt::QueuedConnection);
+        renamed_.emplace(path, Dialogs::NameBytes(name));
+        QMetaObject::invokeMethod(this, &FolderView::Rename, Qt::QueuedConnection);
     });
 }
 
-void FolderView::Rename(const std::string& path, const std::string& name) {
+void FolderView::CloseEditor() {
+    auto* const editor = state() == EditingState ? viewport()->findChild<QLineEdit*>() : nullptr;
+    if (editor) {
+        commitData(editor);
+        closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+    Rename();
+}
+
+void FolderView::Rename() {
+    if (!renamed_) return;
+    const auto [path, name] = *std::exchange(renamed_, std::nullopt);
     const QPointer<FolderView> alive(this);
     if (!rename_(path, name) || !alive) return;
     const std::string parent = path.substr(0, path.rfind('\\'));

@@ -36,6 +36,8 @@ public:
     /// Renames the folder that the user has entered another name for, when pending events have run; false
     /// leaves it as it was. Without one nothing can be edited.
     void SetRename(std::function<bool(const std::string& path, const std::string& name)> rename);
+    /// Takes over at once what an open editor says and closes it.
+    void CloseEditor();
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
@@ -66,13 +68,14 @@ private:
     void Keep(const std::function<void()>& change);
     bool IsThere(const std::string& path);
     void ShowFolder(const QModelIndex& index);
-    void Rename(const std::string& path, const std::string& name);
+    void Rename();
     QModelIndex ClosedAbove(const QModelIndex& index) const;
 
     FolderModel* model_;
     Selection* selection_;
     std::function<bool(const std::string&)> question_;
     std::function<bool(const std::string&, const std::string&)> rename_;
+    std::optional<std::pair<std::string, std::string>> renamed_; // path and name, not yet carried out
     std::optional<WishedFolder> wish_;
     bool asking_ = false;   // from the question to the end of the signal
     bool keeping_ = false;  // the tree is being read again

@@ -369,6 +369,9 @@ bool RowListView::edit(const QModelIndex& index, EditTrigger trigger, QEvent* ev
 
 // Tab takes what was typed, and does not walk on to the next row.
 void RowListView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) {
+    const auto* const box = qobject_cast<const QLineEdit*>(editor);
+    lastEdit_ = box && box->isModified() ? EditEnd::Left : EditEnd::LeftUnchanged;
+    if (hint == QAbstractItemDelegate::SubmitModelCache) lastEdit_ = EditEnd::Entered;
     const bool walks =
         hint == QAbstractItemDelegate::EditNextItem || hint == QAbstractItemDelegate::EditPreviousItem;
     QTreeView::closeEditor(editor, walks ? QAbstractItemDelegate::NoHint : hint);
@@ -385,7 +388,7 @@ void RowListView::CloseEditor() {
     auto* const editor = viewport()->findChild<QLineEdit*>();
     if (!editor) return;
     commitData(editor);
-    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
 }
 
 // A far row's height would be searched for from row to row.

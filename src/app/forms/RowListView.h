@@ -39,6 +39,9 @@ public:
     void EditRow(int row);
     /// Takes over what an open editor says and closes it.
     void CloseEditor();
+    /// How the last editing ended: by Enter, or by itself with the text changed or not.
+    enum class EditEnd { Entered, Left, LeftUnchanged };
+    EditEnd LastEdit() const { return lastEdit_; }
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = QAbstractItemView::EnsureVisible) override;
     void selectAll() override;
@@ -99,6 +102,7 @@ private:
     QRubberBand* band_ = nullptr;
     QBasicTimer scroll_;
     QElapsedTimer sinceTyped_;
+    EditEnd lastEdit_ = EditEnd::Entered;
 };
 
 } // namespace calyvox

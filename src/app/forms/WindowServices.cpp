@@ -4,8 +4,8 @@
 
 #include "app/Services.h"
 #include "app/forms/Dialogs.h"
-#include "app/forms/clsBrowse.h"
 #include "app/forms/Forms.h"
+#include "app/forms/clsBrowse.h"
 #include "app/forms/frmErrors.h"
 #include "app/forms/frmProgress.h"
 #include "app/forms/frmWelcome.h"

@@ -192,14 +192,14 @@ void frmMain::ConnectControls() {
     connect(&rows_, &RowListModel::TextEdited, this, [this](int row, const QString& text) {
         edited_.emplace(static_cast<std::size_t>(row), Dialogs::NameBytes(text));
         QMetaObject::invokeMethod(
-            this, [this] { FinishEdit(true); }, Qt::QueuedConnection);
+            this, [this] { Dialogs::Guarded([this] { FinishEdit(); }); }, Qt::QueuedConnection);
     });
     connect(ui_->FileList, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
         bars_->Menu("mnuFunctions").popup(ui_->FileList->viewport()->mapToGlobal(place));
     });
     connect(ui_->FileList->header(), &QHeaderView::sectionClicked, this, [this](int column) {
         CloseEdit();
-        window_.ColumnClick(static_cast<std::size_t>(column));
+        Dialogs::Guarded([&] { window_.ColumnClick(static_cast<std::size_t>(column)); });
     });
     ui_->TreeView->SetRename([this](const std::string& path, const std::string& name) {
         return !Progress::Running() && Renaming::AfterFolderRename(window_, path, name);
@@ -300,6 +300,7 @@ void frmMain::LoadDatabaseMenu() {
         menu.menuAction()->setVisible(true);
         return;
     }
+    window_.Commands.SetHandler("submnuAddDB", {}); // nor does its key do anything
 }
 
 bool frmMain::QueryUnload(UnloadReason) { return !Progress::Running(); }
@@ -420,17 +421,23 @@ void frmMain::ToggleTree() {
 }
 
 void frmMain::CloseEdit() {
-    ui_->FileList->CloseEditor();
-    FinishEdit(false);
+    Dialogs::Guarded([this] {
+        ui_->FileList->CloseEditor();
+        FinishEdit();
+        ui_->TreeView->CloseEditor();
+    });
 }
 
-// Boxes and the next edit come when the edit box has gone.
-void frmMain::FinishEdit(bool opensNext) {
-    if (!edited_ || Progress::Running()) return;
+// Boxes and the next edit come when the edit box has gone. A box that was left with its text unchanged has
+// renamed nothing, and only Enter goes on to the next row.
+void frmMain::FinishEdit() {
+    if (!edited_) return;
     const auto [row, name] = *std::exchange(edited_, std::nullopt);
-    if (row >= window_.FileList.Count()) return;
+    const RowListView::EditEnd end = ui_->FileList->LastEdit();
+    if (Progress::Running() || row >= window_.FileList.Count() || end == RowListView::EditEnd::LeftUnchanged)
+        return;
     const bool goesOn = Renaming::AfterLabelEdit(window_, row, name);
-    if (!goesOn || !opensNext) return;
+    if (!goesOn || end != RowListView::EditEnd::Entered) return;
     if (window_.FileList.SelectedCount() <= 1) window_.FileList.SelectOnly(row + 1, row + 1);
     window_.FileList.SetCurrent(row + 1);
     ui_->FileList->EnsureVisible(row + 1);
@@ -439,6 +446,7 @@ void frmMain::FinishEdit(bool opensNext) {
 
 // Ctrl+Enter opens the editor of many files where more than one is selected.
 void frmMain::OpenEditorOfSelection() {
+    CloseEdit();
     const bool many = window_.ListViewSelectedCount() >= 2;
     const QString form =
         window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
@@ -447,6 +455,7 @@ void frmMain::OpenEditorOfSelection() {
 
 // Never the editor of many files, however many are selected.
 void frmMain::OpenEditor() {
+    CloseEdit();
     if (Progress::Running() || !window_.CheckSelection()) return;
     const QString form =
         window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");

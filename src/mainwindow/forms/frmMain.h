@@ -65,7 +65,7 @@ private:
     void HideTree();
     void OpenEditor();
     void OpenEditorOfSelection();
-    void FinishEdit(bool opensNext);
+    void FinishEdit();
     void CloseEdit();
     void submnuQuit();
 
@@ -78,7 +78,7 @@ private:
     LockKeys lockKeys_;
     std::optional<std::pair<std::size_t, std::string>> edited_; // row and name, not yet taken over
     int treeWidth_ = 0;                                         // while the tree is hidden
-    bool treeHadFocus_ = false; // when it was disabled
+    bool treeHadFocus_ = false;                                 // when it was disabled
     bool wasShown_ = false;
 };
 
