@@ -172,6 +172,22 @@ TEST_F(RowListViewTest, ManyRowsArePaintedAndToldAsSelected) {
     EXPECT_EQ(table.cellAt(3, 0)->text(QAccessible::Name), "bob3");
 }
 
+TEST_F(RowListViewTest, BoxesAreToggledByClickAndSpaceAndToldAsChecked) {
+    model_->SetCheckable(true);
+    for (const int row : {2, 4, 9})
+        QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, Place(row, 8));
+    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, Place(9, 8)); // two clicks
+    Click(6), Key(Qt::Key_Space), Key(Qt::Key_Space);
+    Click(5, kCtrl), Key(Qt::Key_End, kCtrl), Key(Qt::Key_Up, kCtrl), Key(Qt::Key_Space);
+    QAccessibleTableInterface& table = *QAccessible::queryAccessibleInterface(&view_)->tableInterface();
+    std::string checked;
+    for (int row = 0; row < 10; ++row)
+        if (table.cellAt(row, 0)->state().checked) checked += std::to_string(row);
+    EXPECT_EQ(checked, "2489");
+    EXPECT_EQ(State(), "56|8");
+    EXPECT_FALSE(table.cellAt(2, 1)->state().checkable);
+}
+
 TEST_F(RowListViewTest, TheModelMayGoFirst) {
     Press(Place(3));
     model_.reset();

@@ -100,7 +100,9 @@ void FolderView::CloseEditor() {
 
 void FolderView::Rename() {
     if (!renamed_) return;
-    const auto [path, name] = *std::exchange(renamed_, std::nullopt);
+    const auto renamed = *std::exchange(renamed_, std::nullopt);
+    const std::string& path = renamed.first;
+    const std::string& name = renamed.second;
     const QPointer<FolderView> alive(this);
     if (!rename_(path, name) || !alive) return;
     const std::string parent = path.substr(0, path.rfind('\\'));

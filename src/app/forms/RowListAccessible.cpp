@@ -79,6 +79,9 @@ QAccessible::State Cell::state() const {
     state.disabled = !view_->isEnabled();
     state.selectable = state.extSelectable = state.focusable = true;
     state.selected = view_->IsSelected(row_);
+    const QVariant check = Index().data(Qt::CheckStateRole);
+    state.checkable = check.isValid();
+    state.checked = check.toInt() == Qt::Checked;
     state.focused = view_->hasFocus() && Index() == view_->currentIndex();
     const QRect page(view_->viewport()->mapToGlobal(QPoint()), view_->viewport()->size());
     state.offscreen = state.invisible = !page.intersects(rect());

@@ -18,6 +18,7 @@ namespace calyvox {
 namespace {
 
 constexpr int kFlushMs = 40;
+constexpr std::size_t kMostShown = 1000; // bytes of a cell; a picture may be one
 constexpr int kRowRoom = 6; // pixels between the texts of two rows
 
 } // namespace
@@ -109,10 +110,13 @@ QVariant RowListModel::data(const QModelIndex& index, int role) const {
     if (role == Qt::TextAlignmentRole) return headerData(index.column(), Qt::Horizontal, role);
     const RowList::Row& row = rows_.At(static_cast<std::size_t>(index.row()));
     if (role == Qt::DisplayRole || role == Qt::ToolTipRole)
-        return Dialogs::NameText(RowList::Cell(row, static_cast<std::size_t>(index.column())));
+        return Dialogs::NameText(
+            RowList::Cell(row, static_cast<std::size_t>(index.column())).substr(0, kMostShown));
     if (role == Qt::EditRole)
         return Dialogs::NameEditText(RowList::Cell(row, static_cast<std::size_t>(index.column())));
     if (role == Qt::SizeHintRole) return QSize(0, QFontMetrics(QGuiApplication::font()).height() + kRowRoom);
+    if (role == Qt::CheckStateRole && checkable_ && index.column() == 0)
+        return row.Checked ? Qt::Checked : Qt::Unchecked;
     if (role == Qt::FontRole && row.Bold) {
         QFont font;
         font.setBold(true);
@@ -130,11 +134,18 @@ QVariant RowListModel::headerData(int section, Qt::Orientation orientation, int 
 
 Qt::ItemFlags RowListModel::flags(const QModelIndex& index) const {
     if (!index.isValid()) return Qt::NoItemFlags;
-    const Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
-    return editable_ && index.column() == 0 ? flags | Qt::ItemIsEditable : flags;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren;
+    flags.setFlag(Qt::ItemIsEditable, editable_ && index.column() == 0);
+    flags.setFlag(Qt::ItemIsUserCheckable, checkable_ && index.column() == 0);
+    return flags;
 }
 
 bool RowListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role == Qt::CheckStateRole && index.flags().testFlag(Qt::ItemIsUserCheckable)) {
+        rows_.SetChecked(static_cast<std::size_t>(index.row()), value.toInt() == Qt::Checked);
+        emit CheckToggled(index.row());
+        return true;
+    }
     if (role != Qt::EditRole || !index.flags().testFlag(Qt::ItemIsEditable)) return false;
     emit TextEdited(index.row(), value.toString());
     return true;

@@ -27,6 +27,8 @@ public:
     void Flush();
     /// The rows' texts can be edited; what the user entered goes to TextEdited and nowhere else.
     void SetEditable(bool editable) { editable_ = editable; }
+    /// The rows have check boxes, which the user toggles.
+    void SetCheckable(bool checkable) { checkable_ = checkable; }
     /// Of the cells and the title of a column; left where never set.
     void SetAlignment(int column, Qt::Alignment alignment);
 
@@ -45,6 +47,7 @@ signals:
     void RowsSelectionChanged(int first, int last);
     void CurrentRowChanged();
     void TextEdited(int row, const QString& text);
+    void CheckToggled(int row);
 
 protected:
     void timerEvent(QTimerEvent* event) override;
@@ -59,6 +62,7 @@ private:
     QStringList titles_;
     QHash<int, Qt::Alignment> alignments_;
     bool editable_ = false;
+    bool checkable_ = false;
     int shown_ = 0; // rows that the view knows of
     int firstChanged_ = 0;
     int lastChanged_ = -1;

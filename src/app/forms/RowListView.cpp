@@ -99,6 +99,7 @@ void RowListView::SetRows(RowListModel& model) {
     delete replaced;
     connect(&model, &RowListModel::RowsSelectionChanged, this, &RowListView::ShowSelection);
     connect(&model, &RowListModel::CurrentRowChanged, this, &RowListView::ShowCurrent);
+    connect(&model, &RowListModel::CheckToggled, this, &RowListView::TellToggled);
     connect(&model, &RowListModel::rowsInserted, this, &RowListView::ShowCurrent);
     connect(&model, &RowListModel::layoutChanged, this, &RowListView::ShowCurrent);
     connect(&model, &RowListModel::modelReset, this, &RowListView::ShowCurrent);
@@ -344,8 +345,22 @@ void RowListView::PressSpace(Qt::KeyboardModifiers modifiers) {
         Obey(row, row, RangeCommand(modifiers));
     else if (typing)
         keyboardSearch(QStringLiteral(" "));
+    else if (currentIndex().flags().testFlag(Qt::ItemIsUserCheckable))
+        model_->setData(currentIndex(),
+                        Rows()->At(static_cast<std::size_t>(row)).Checked ? Qt::Unchecked : Qt::Checked,
+                        Qt::CheckStateRole);
     else
         Obey(row, row, Selection::Select);
+}
+
+void RowListView::TellToggled(int row) {
+    viewport()->update();
+    if (!QAccessible::isActive()) return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(this, changed);
+    event.setChild((row + 1) * model_->columnCount());
+    QAccessible::updateAccessibility(&event);
 }
 
 void RowListView::keyboardSearch(const QString& text) {

@@ -80,6 +80,7 @@ private:
     Command ReleaseCommand(int row, const QMouseEvent& event) const;
     Command DragCommand(Qt::KeyboardModifiers modifiers) const;
     void PressSpace(Qt::KeyboardModifiers modifiers);
+    void TellToggled(int row);
     void BeginPress(const QMouseEvent& event);
     void DragTo(QPoint place, Qt::KeyboardModifiers modifiers);
     void BandTo(QPoint place, Qt::KeyboardModifiers modifiers);
