@@ -18,6 +18,7 @@
 #include "automation/forms/frmMassUpdate.h"
 #include "automation/forms/frmOptions.h"
 #include "editors/forms/frmID3V1.h"
+#include "editors/forms/frmID3V2Genre.h"
 #include "engine/Tables.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/forms/frmMain.h"
@@ -99,6 +100,7 @@ void RegisterForms(bool display, int& exitStatus) {
         return form;
     });
     forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
+    forms.Register(QStringLiteral("frmID3V2Genre"), [] { return new frmID3V2Genre; });
     forms.Register(QStringLiteral("frmSearch"), [] { return new frmSearch; });
     forms.Register(QStringLiteral("frmOptions"), [] { return new frmOptions; });
     forms.Register(QStringLiteral("frmMassUpdate"), [display, &exitStatus] {
