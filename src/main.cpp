@@ -17,7 +17,9 @@
 #include "automation/forms/OutsideCommands.h"
 #include "automation/forms/frmMassUpdate.h"
 #include "automation/forms/frmOptions.h"
+#include "editors/forms/frmCOMMEdit.h"
 #include "editors/forms/frmID3V1.h"
+#include "editors/forms/frmID3V2.h"
 #include "editors/forms/frmID3V2Genre.h"
 #include "engine/Tables.h"
 #include "mainwindow/MainWindow.h"
@@ -100,6 +102,8 @@ void RegisterForms(bool display, int& exitStatus) {
         return form;
     });
     forms.Register(QStringLiteral("frmID3V1"), [] { return new frmID3V1; });
+    forms.Register(QStringLiteral("frmID3V2"), [] { return new frmID3V2; });
+    forms.Register(QStringLiteral("frmCOMMEdit"), [] { return new frmCOMMEdit; });
     forms.Register(QStringLiteral("frmID3V2Genre"), [] { return new frmID3V2Genre; });
     forms.Register(QStringLiteral("frmSearch"), [] { return new frmSearch; });
     forms.Register(QStringLiteral("frmOptions"), [] { return new frmOptions; });

@@ -33,8 +33,8 @@ frmID3V1::frmID3V1() : ui_(std::make_unique<Ui::frmID3V1>()), window_(TheMainWin
         TagInput::HoldToDigits(*box);
     connect(ui_->btnOK, &QPushButton::clicked, this, &frmID3V1::btnOK_Click);
     connect(ui_->btnCancel, &QPushButton::clicked, this, &frmID3V1::btnCancel_Click);
-    connect(ui_->btnBack, &QPushButton::clicked, this, &frmID3V1::btnBack_Click);
-    connect(ui_->btnNext, &QPushButton::clicked, this, &frmID3V1::btnNext_Click);
+    connect(ui_->btnBack, &QPushButton::clicked, this, [this] { StepBy(SteppingKeys::Step::Back); });
+    connect(ui_->btnNext, &QPushButton::clicked, this, [this] { StepBy(SteppingKeys::Step::Next); });
     for (QWidget* control : findChildren<QWidget*>())
         control->installEventFilter(this);
     installEventFilter(this);
@@ -94,38 +94,27 @@ void frmID3V1::btnOK_Click() {
 // What stepping has saved stays saved.
 void frmID3V1::btnCancel_Click() { Forms::Instance().Unload(objectName()); }
 
-void frmID3V1::btnBack_Click() {
-    const std::size_t row = window_.FileList.Current();
-    if (row != RowList::kNone && row > 0) StepTo(row - 1);
-}
-
-void frmID3V1::btnNext_Click() {
-    const std::size_t row = window_.FileList.Current();
-    if (row != RowList::kNone && row + 1 < window_.FileList.Count()) StepTo(row + 1);
-}
-
-void frmID3V1::StepTo(std::size_t row) {
+void frmID3V1::StepBy(SteppingKeys::Step step) {
+    const std::size_t row = SteppingKeys::Target(window_, step);
+    if (row == RowList::kNone) return;
     SaveTag();
-    RowList& list = window_.FileList;
-    const std::size_t left = list.Current();
-    list.Select(row, row, RowList::Flag::On);
-    list.SetCurrent(row);
-    list.Select(left, left, RowList::Flag::Off);
-    window_.View.EnsureVisible(row);
+    SteppingKeys::GoTo(window_, row);
     ClearControls();
     LoadTag();
 }
 
-// Keys reach the form before its controls. A key that is held down counts once, when it is let go; Ctrl may
-// have been let go before it.
+// Keys reach the form before its controls.
 bool frmID3V1::eventFilter(QObject* watched, QEvent* event) {
     const bool down = event->type() == QEvent::KeyPress;
     if (!down && event->type() != QEvent::KeyRelease) return Form::eventFilter(watched, event);
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const bool withCtrl = key->modifiers() == Qt::ControlModifier;
-    if (!down) return !key->isAutoRepeat() && KeyUp(key->key(), withCtrl);
-    if (!key->isAutoRepeat()) steppingKey_ = withCtrl ? key->key() : 0;
-    return KeyDown(watched, key->key());
+    const auto& key = *static_cast<QKeyEvent*>(event);
+    if (!down) {
+        const SteppingKeys::Step step = steppingKeys_.KeyUp(key);
+        StepBy(step);
+        return step != SteppingKeys::Step::None;
+    }
+    steppingKeys_.KeyDown(key);
+    return KeyDown(watched, key.key());
 }
 
 bool frmID3V1::KeyDown(QObject* control, int key) {
@@ -136,13 +125,6 @@ bool frmID3V1::KeyDown(QObject* control, int key) {
     }
     if (key == Qt::Key_Escape) btnCancel_Click();
     return enter || key == Qt::Key_Escape;
-}
-
-bool frmID3V1::KeyUp(int key, bool withCtrl) {
-    const bool steps = (key == Qt::Key_B || key == Qt::Key_N) && (withCtrl || key == steppingKey_);
-    if (steps && key == Qt::Key_B) btnBack_Click();
-    if (steps && key == Qt::Key_N) btnNext_Click();
-    return steps;
 }
 
 } // namespace calyvox

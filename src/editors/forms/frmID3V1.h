@@ -4,6 +4,7 @@
 
 #include "app/forms/Form.h"
 #include "editors/ID3V1Fields.h"
+#include "editors/forms/SteppingKeys.h"
 
 #include <memory>
 
@@ -34,19 +35,16 @@ protected:
 private:
     void btnOK_Click();
     void btnCancel_Click();
-    void btnBack_Click();
-    void btnNext_Click();
     void LoadTag();
     void ClearControls();
     void SaveTag();
-    void StepTo(std::size_t row);
+    void StepBy(SteppingKeys::Step step);
     bool KeyDown(QObject* control, int key);
-    bool KeyUp(int key, bool withCtrl);
 
     std::unique_ptr<Ui::frmID3V1> ui_;
     MainWindow& window_;
-    int steppingKey_ = 0; // went down with Ctrl
-    ID3V1Fields loaded_;  // what a control that nobody changed stands for
+    SteppingKeys steppingKeys_;
+    ID3V1Fields loaded_; // what a control that nobody changed stands for
 };
 
 } // namespace calyvox
