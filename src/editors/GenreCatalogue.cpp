@@ -37,9 +37,11 @@ std::uint8_t NumberOfCell(const RowList::Row& row, std::size_t column) {
     return GenreNumber(RowList::Cell(row, column));
 }
 
-// A line that begins with the name would be taken for the header of a section.
-bool LooksLikeSection(const std::string& name) {
-    return name.front() == '[' && name.find(']') != std::string::npos;
+// Whether a line that begins with the name would be read as the header of a section, as a comment, or as the
+// key of another name.
+bool IsNoKey(const std::string& name) {
+    return (name.front() == '[' && name.find(']') != std::string::npos) || name.front() == ';' ||
+           name.find('=') != std::string::npos;
 }
 
 template <typename Matches>
@@ -83,7 +85,7 @@ bool GenreCatalogue::WriteGenres(const std::string& file) const {
         batch.WriteValue(kGenreSection, std::to_string(i + 1), row.Text);
         const std::uint8_t genre1 = NumberOfCell(row, kOneToTwo);
         if (genre1 != kNoGenre) batch.WriteValue(kOneToTwoSection, std::to_string(genre1), row.Text);
-        if (!row.Text.empty() && !LooksLikeSection(row.Text))
+        if (!row.Text.empty() && !IsNoKey(row.Text))
             batch.WriteValue(kTwoToOneSection, row.Text, std::to_string(NumberOfCell(row, kTwoToOne)));
     }
     return batch.Commit();

@@ -29,6 +29,14 @@ constexpr std::uint8_t kUtf8 = 3;
 
 bool HasNul(const std::string& text) { return text.find('\0') != std::string::npos; }
 
+// What a date box cannot show as it is: more than its four characters, or what parts lines and texts.
+bool BoxSpoils(const std::string& id, const std::string& content) {
+    constexpr std::size_t kBox = 4;
+    const bool ofBox = id != "TDRC" && id != "TDOR";
+    return (ofBox && content.size() > kBox) ||
+           content.find_first_of(std::string("\0\r\n", 3)) != std::string::npos;
+}
+
 std::string ContentOf(const V2Frame& frame) {
     if (const auto* text = dynamic_cast<const V2TextFrame*>(&frame)) return text->Content();
     if (const auto* web = dynamic_cast<const V2WebFrame*>(&frame)) return web->Content();
@@ -88,6 +96,7 @@ void ID3V2Fields::LoadTag(MainWindow& window, std::size_t row) {
     try {
         ReportLine(std::to_string(window.FileList.At(row).Tag));
         MP3& file = window.FileOf(row);
+        version_ = VersionOf(file);
         texts_["SelectedFile"] = file.MP3File_FileName();
         std::int64_t counter = 0;
         for (V2Frame& frame : file.ID3V2()) {
@@ -118,10 +127,10 @@ void ID3V2Fields::ShowFrame(ID3V2& tag, V2Frame& frame, std::int64_t counter) {
     if (id == "COMM")
         ShowComment(tag, frame);
     else if (id == "TCON")
-        ShowGenres(content, IsWide(TextEncOf(frame)));
+        ShowGenres(content);
     else if (id == "TRCK" || id == "TPOS")
         ShowPair(id, content);
-    else if (FrameControls::Shows(id))
+    else if (FrameControls::Shows(id) && !date)
         texts_[id] = content;
     else if (!date) {
         AddCheckedRow(SupportList, id, counter);
@@ -131,12 +140,15 @@ void ID3V2Fields::ShowFrame(ID3V2& tag, V2Frame& frame, std::int64_t counter) {
     NoteEncoding(frame);
 }
 
-// The frames of version 2.4; of the others only what their boxes would spoil is noted.
+// What the boxes would spoil goes back as it was read. A frame of the other version's family, which is not
+// written anew, fills no box with half letters either.
 bool ID3V2Fields::ShowDate(const std::string& id, const std::string& content) {
     const bool ofVersion4 = id == "TDRC" || id == "TDOR";
     if (!ofVersion4 && id != "TYER" && id != "TDAT" && id != "TIME" && id != "TORY") return false;
     keptDates_.erase(id);
-    if (HasNul(content)) keptDates_[id] = content;
+    if (BoxSpoils(id, content)) keptDates_[id] = content;
+    if (HasNul(content) && ofVersion4 != (version_ != 3)) return true;
+    if (!ofVersion4) texts_[id] = HasNul(content) ? content : content.substr(0, 4);
     if (id == "TDOR") texts_["TORY"] = content.substr(0, 4);
     if (id == "TDRC") {
         const DateFrames::Boxes boxes = DateFrames::FromTDRC(content);
@@ -144,7 +156,7 @@ bool ID3V2Fields::ShowDate(const std::string& id, const std::string& content) {
         if (boxes.Date) texts_["TDAT"] = *boxes.Date;
         if (boxes.Time) texts_["TIME"] = *boxes.Time;
     }
-    return ofVersion4;
+    return true;
 }
 
 void ID3V2Fields::ShowPair(const std::string& control, const std::string& content) {
@@ -153,8 +165,9 @@ void ID3V2Fields::ShowPair(const std::string& control, const std::string& conten
     if (slash != std::string::npos) texts_[control + "Total"] = content.substr(slash + 1);
 }
 
-// A NUL parts genres. Of two-byte text it cuts letters apart, so that what was not changed goes back whole.
-void ID3V2Fields::ShowGenres(const std::string& content, bool wide) {
+// A NUL parts genres, of two-byte text even letters. So what was not changed goes back whole, also where the
+// single layout shows the first alone.
+void ID3V2Fields::ShowGenres(const std::string& content) {
     const bool single = modBase::SingleCOMMGenre();
     const bool first = ShownGenres().empty();
     if (single) {
@@ -168,8 +181,7 @@ void ID3V2Fields::ShowGenres(const std::string& content, bool wide) {
         if (!text.empty()) GenreList.Add(CodePage::Trim(text));
     }
     loadedGenres_ = ShownGenres();
-    const bool whole = single ? wide : first && HasNul(content);
-    genreContent_ = whole ? content : loadedGenres_;
+    genreContent_ = first && HasNul(content) ? content : loadedGenres_;
 }
 
 void ID3V2Fields::ShowComment(ID3V2& tag, V2Frame& frame) {
@@ -200,7 +212,8 @@ void ID3V2Fields::ShowRating(V2Frame& frame, std::int64_t counter) {
 
 // UTF-8 that has but ASCII is the same in the code page.
 void ID3V2Fields::NoteEncoding(const V2Frame& frame) {
-    const std::string content = ContentOf(frame);
+    std::string content = ContentOf(frame);
+    if (const auto* comment = dynamic_cast<const V2LDCFrame*>(&frame)) content += comment->Descriptor();
     const bool ascii = std::all_of(content.begin(), content.end(),
                                    [](char c) { return static_cast<unsigned char>(c) < 0x80; });
     const std::uint8_t encoding = TextEncOf(frame);

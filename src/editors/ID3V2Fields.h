@@ -58,10 +58,12 @@ public:
     static void btnCancel_Click(MP3& file);
 
 private:
+    /// Of the tag, or of the tag that is to be.
+    static int VersionOf(const MP3& file);
     void ShowFrame(ID3V2& tag, V2Frame& frame, std::int64_t counter);
     bool ShowDate(const std::string& id, const std::string& content);
     void ShowPair(const std::string& control, const std::string& content);
-    void ShowGenres(const std::string& content, bool wide);
+    void ShowGenres(const std::string& content);
     void ShowComment(ID3V2& tag, V2Frame& frame);
     void ShowRating(V2Frame& frame, std::int64_t counter);
     void NoteEncoding(const V2Frame& frame);
@@ -77,8 +79,9 @@ private:
     std::string ShownGenres() const;
 
     std::map<std::string, std::string> texts_;
+    int version_ = 0;
     bool holdsUnicode_ = false;
-    // Contents with NULs that their controls show in part, until these are changed: by frame ID.
+    // Contents that their controls show in part, until these are changed: by frame ID.
     std::map<std::string, std::string> keptDates_;
     // The genres as they were shown first, and the content that they came from.
     std::string loadedGenres_;

@@ -68,12 +68,6 @@ void FlagUnchecked(const RowList& rows, ID3V2& tag) {
     }
 }
 
-// Of the tag, or of the tag that is to be.
-int VersionOf(const MP3& file) {
-    if (file.TagHeader_Version() != 0) return file.TagHeader_Version();
-    return CodePage::LeadingNumber(ReadSetting("Settings\\ID3V2Ver", "3")) == 3 ? 3 : 4;
-}
-
 void ShowText(RowList& rows, std::size_t row, const std::string& id, const std::string& content) {
     if (id == "TPE1") rows.SetCell(row, RowCells::kArtist, content);
     if (id == "TIT2") rows.SetCell(row, RowCells::kTitle, content);
@@ -100,6 +94,11 @@ void ShowInRow(RowList& rows, std::size_t row, ID3V2& tag) {
 }
 
 } // namespace
+
+int ID3V2Fields::VersionOf(const MP3& file) {
+    if (file.TagHeader_Version() != 0) return file.TagHeader_Version();
+    return CodePage::LeadingNumber(ReadSetting("Settings\\ID3V2Ver", "3")) == 3 ? 3 : 4;
+}
 
 void ID3V2Fields::SaveTag(MainWindow& window, std::size_t row) {
     MP3& file = window.FileOf(row);
@@ -137,7 +136,7 @@ std::string ID3V2Fields::PairText(const std::string& control) const {
     return total.empty() ? Text(control) : Text(control) + "/" + total;
 }
 
-// What was loaded with NULs and not changed since goes back as it was.
+// What its box spoils and nobody changed goes back as it was.
 std::string ID3V2Fields::DateText(const std::string& id) const {
     const auto kept = keptDates_.find(id);
     if (kept != keptDates_.end()) return kept->second;

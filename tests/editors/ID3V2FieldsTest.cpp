@@ -88,7 +88,11 @@ TEST_F(ID3V2FieldsTest, DatesComeFromFramesAndGoIntoThoseOfTheVersion) {
         {3, "TYER=" + wide + ",TORY=" + wide, wide + "|||" + wide, "",
          "TYER=0|" + wide + " TORY=0|" + wide + " "},
         {4, "TDRC=" + wide, wide.substr(0, 4) + "|||", "", "TDRC=0|" + wide + " "},
-        {4, "TDRC=" + wide, wide.substr(0, 4) + "|||", "TYER=1", "TDRC=0|0001 "}};
+        {4, "TDRC=" + wide, wide.substr(0, 4) + "|||", "TYER=1", "TDRC=0|0001 "},
+        {3, "TDRC=" + wide + ",TDOR=" + wide, "|||", "", "TDRC=0|" + wide + " TDOR=0|" + wide + " "},
+        {4, "TDRC=1999,TYER=" + wide, "1999|||", "", "TYER=0|" + wide + " TDRC=0|1999 "},
+        {3, "TYER=2005-03-22,TIME=12\n", "2005||12\n|", "", "TYER=0|2005-03-22 TIME=0|12\n "},
+        {3, "TYER=2005-03-22", "2005|||", "TYER=2006", "TYER=0|2006 "}};
     for (const auto& [version, frames, shown, texts, saved] : rows) {
         MP3& file = Load(version, frames);
         std::string boxes = Fields.Text("TYER");
@@ -145,9 +149,9 @@ std::string WhyChanged(V2Frame& frame, int version) {
     if (content.empty() && id != "COMM") return "a frame without text goes";
     if (CodePage::Trim(content + descriptor) != content + descriptor) return "blanks at an end go";
     if (LanguageRowOf(language) == kNoLanguage) return "an unknown language becomes the default one";
-    if (version == 4 ? year : of4) return "the tag gets the date frames of its own version";
-    if (year && content.size() != 4 && content.find('\0') == std::string::npos)
-        return "a year has four digits";
+    const bool wide = content.find('\0') != std::string::npos;
+    if ((version == 4 ? year : of4) && !wide) return "the tag gets the date frames of its own version";
+    if (year && content.size() < 4) return "a year has four digits";
     if (id == "TDOR" && content.size() != 4) return "TDOR carries the year only";
     if (id == "TDRC" && content.size() > 16) return "TDRC ends with the minutes";
     return {};
@@ -228,10 +232,12 @@ TEST_F(ID3V2FieldsTest, LayoutsRemovalsAndCancel) {
     };
     const std::tuple<bool, std::string, std::function<void(MP3&)>, std::string, bool> rows[] = {
         {false, two, nothing, "TCON=0|Rock\0Pop COMM=0|ger|a|b COMM=0|eng||d COMM=0|eng||c "s, true},
-        {true, two, nothing, "TCON=0|Rock COMM=0|ger|a|b ", true},
+        {true, two, nothing, "TCON=0|Rock\0Pop COMM=0|ger|a|b "s, true},
         {false, "COMM=ENG\0c"s, nothing, "COMM=0|ENG||c ", false},
         {true, "COMM=ENG\0c"s, nothing, "COMM=0|ger||c ", true},
-        {true, two, blank, "TALB=0| TCON=0|Rock ", true},
+        {true, two, blank, "TALB=0| TCON=0|Rock\0Pop "s, true},
+        {true, two, [this](MP3&) { Fields.SetText("TCONSingle", "Jazz"); }, "TCON=0|Jazz COMM=0|ger|a|b ",
+         true},
         {false, "COMM=eng\0c"s, remove, "", true},
         {false, "COMM=eng\0c"s, cancel, "COMM=0|eng||c ", false},
         {false, kept, uncheck, "TMED=0|m POPM=a|1| ", true},

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int kFlushMs = 40;
 constexpr std::size_t kMostShown = 1000; // bytes of a cell; a picture may be one
-constexpr int kRowRoom = 6; // pixels between the texts of two rows
+constexpr int kRowRoom = 6;              // pixels between the texts of two rows
 
 } // namespace
 

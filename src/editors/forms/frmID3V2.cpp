@@ -95,6 +95,15 @@ void frmID3V2::FillRows() {
     ui_->TMED->setCompleter(nullptr);
     for (const std::string_view row : LanguageRows())
         ui_->Language->addItem(Dialogs::TagText(std::string(row)));
+    // Where the arrow keys go on from.
+    for (QComboBox* const list :
+         {static_cast<QComboBox*>(ui_->TCON), static_cast<QComboBox*>(ui_->TCONSingle),
+          static_cast<QComboBox*>(ui_->TMED)}) {
+        const QString text = list->currentText();
+        list->setCurrentIndex(list->findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+        list->lineEdit()->setText(text);
+        list->lineEdit()->home(false);
+    }
     ui_->Language->setCurrentIndex(static_cast<int>(fields_.Language));
     connect(ui_->Language, &QComboBox::currentIndexChanged, this,
             [this](int row) { fields_.Language = static_cast<std::size_t>(row); });
@@ -223,6 +232,12 @@ bool frmID3V2::QueryUnload(UnloadReason reason) {
 bool frmID3V2::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::MouseButtonPress && watched == ui_->COMMList->viewport())
         commListX_ = static_cast<QMouseEvent*>(event)->pos().x();
+    // The wheel scrolls and changes nothing by the way.
+    const auto* const list = qobject_cast<const QComboBox*>(watched);
+    if (event->type() == QEvent::Wheel && list && !list->hasFocus()) {
+        event->ignore();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress) return KeyDown(watched, *static_cast<QKeyEvent*>(event));
     if (event->type() != QEvent::KeyRelease) return Form::eventFilter(watched, event);
     const Step step = steppingKeys_.KeyUp(*static_cast<QKeyEvent*>(event));
