@@ -19,6 +19,12 @@
 
 namespace calyvox {
 
+namespace {
+
+constexpr int kIndentation = 14; // pixels a level: paths are deep, the tree is narrow
+
+} // namespace
+
 // The current folder is the selected one, always. Whoever would change it leaves a wish; a weak one gives way
 // to one that came before.
 class FolderView::Selection : public QItemSelectionModel {
@@ -58,6 +64,7 @@ FolderView::FolderView(QWidget* parent)
     setHorizontalScrollMode(ScrollPerPixel);
     setVerticalScrollMode(ScrollPerItem);
     setUniformRowHeights(true);
+    setIndentation(kIndentation);
     setSelectionMode(SingleSelection);
     setEditTriggers(NoEditTriggers);
     setAutoScroll(false); // it would open what is closed
