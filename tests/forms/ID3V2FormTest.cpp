@@ -107,6 +107,8 @@ TEST_F(ID3V2FormTest, ListsOrOneCommentAndGenreAreEditedByKeysAndCancelBringsACo
     modBase::SingleCOMMGenre() = true;
     Open();
     EXPECT_TRUE(At("Frame_2")->isVisible() && !At("Frame_3")->isVisible() && !At("Frame_5")->isVisible());
+    Press("TCONSingle", Qt::Key_Up), Press("TCONSingle", Qt::Key_Down);
+    EXPECT_EQ(Typed("TCONSingle", ""), "Pop") << "the arrow keys go on from what the box says";
     Press("TCONSingle", Qt::CTRL | Qt::Key_A), Typed("TCONSingle", "roc"), Typed("Comment", "!");
     Press("Language", Qt::Key_Home), Press("Comment", Qt::Key_Enter);
     EXPECT_EQ(Frames(), kArtist + ";TCON=Rock;ach!xtwo;");

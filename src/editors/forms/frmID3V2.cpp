@@ -95,15 +95,6 @@ void frmID3V2::FillRows() {
     ui_->TMED->setCompleter(nullptr);
     for (const std::string_view row : LanguageRows())
         ui_->Language->addItem(Dialogs::TagText(std::string(row)));
-    // Where the arrow keys go on from.
-    for (QComboBox* const list :
-         {static_cast<QComboBox*>(ui_->TCON), static_cast<QComboBox*>(ui_->TCONSingle),
-          static_cast<QComboBox*>(ui_->TMED)}) {
-        const QString text = list->currentText();
-        list->setCurrentIndex(list->findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
-        list->lineEdit()->setText(text);
-        list->lineEdit()->home(false);
-    }
     ui_->Language->setCurrentIndex(static_cast<int>(fields_.Language));
     connect(ui_->Language, &QComboBox::currentIndexChanged, this,
             [this](int row) { fields_.Language = static_cast<std::size_t>(row); });
@@ -176,6 +167,13 @@ void frmID3V2::ShowTexts() {
     for (const auto& [name, box] : boxes_) {
         box->setText(Dialogs::TagText(fields_.Text(name)));
         box->home(false);
+    }
+    // Where the arrow keys go on from.
+    for (QComboBox* const list : {static_cast<QComboBox*>(ui_->TCONSingle), ui_->TMED}) {
+        const QString text = list->currentText();
+        list->setCurrentIndex(list->findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+        list->lineEdit()->setText(text);
+        list->lineEdit()->home(false);
     }
     ui_->Language->setCurrentIndex(static_cast<int>(fields_.Language));
     for (RowListModel* model : {&genres_, &comments_, &addresses_, &ratings_, &unsupported_})
