@@ -62,6 +62,15 @@ void RowList::Clear() {
     Tell(listener_.Reset);
 }
 
+void RowList::Remove(std::size_t position) {
+    EndRange();
+    if (rows_.at(position)->Selected) --selected_;
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(position));
+    if (position < current_) --current_;
+    if (current_ >= rows_.size()) current_ = rows_.empty() ? kNone : rows_.size() - 1;
+    Tell(listener_.Reset);
+}
+
 // From the end: it is mostly the newest row that is asked for.
 std::size_t RowList::PositionOf(const Row& row) const {
     const auto at =

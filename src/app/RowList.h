@@ -62,6 +62,9 @@ public:
     /// Appends, or enters in order where the list keeps itself sorted.
     Row& Add(const std::string& text);
     void Clear();
+    /// The row that slides into the current one's place becomes current, or else the last one.
+    void Remove(std::size_t position);
+    void MoveToTop(std::size_t position) { Move(position, 0); }
 
     std::size_t Count() const { return rows_.size(); }
     const Row& At(std::size_t position) const { return *rows_.at(position); }

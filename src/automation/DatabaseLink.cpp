@@ -6,8 +6,8 @@
 #include "app/Services.h"
 #include "app/clsRegistry.h"
 #include "app/modBase.h"
-#include "automation/Player.h"
 #include "mainwindow/MainWindow.h"
+#include "mainwindow/Renaming.h"
 #include "mainwindow/ScannerKeys.h"
 #include "platform/BinaryFile.h"
 #include "platform/FileSystem.h"
@@ -62,7 +62,8 @@ private:
 void WriteNames(const MainWindow& window, const std::string& path) {
     std::string names;
     for (std::size_t row = 0; row < window.FileList.Count(); ++row)
-        if (window.FileList.IsSelected(row)) names += HostPath::ToHost(NameOnDisk(window.FileOf(row))) + '\n';
+        if (window.FileList.IsSelected(row))
+            names += HostPath::ToHost(Renaming::NameOnDisk(window.FileOf(row))) + '\n';
     BinaryFile file;
     file.OpenExisting(path);
     file.Write(names);
@@ -70,10 +71,7 @@ void WriteNames(const MainWindow& window, const std::string& path) {
 
 // False for Cancel.
 bool AskToSave(MainWindow& window) {
-    bool changed = false;
-    for (const MP3& file : *modBase::LoadedMP3s)
-        changed = changed || file.Changed();
-    if (!changed) return true;
+    if (window.CountChanged() == 0) return true;
     modBase::MsgResult =
         modBase::ShowMessage("Changes have not been saved yet! You have to save them first,\r\n"
                              "otherwise MusicStation can only read the old information.\r\n"

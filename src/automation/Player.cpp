@@ -6,6 +6,7 @@
 #include "app/SettingsCatalogue.h"
 #include "app/modBase.h"
 #include "mainwindow/MainWindow.h"
+#include "mainwindow/Renaming.h"
 #include "platform/CodePage.h"
 #include "platform/HostPath.h"
 #include "platform/Shell.h"
@@ -20,7 +21,8 @@ constexpr std::string_view kFileMark = "%P";
 
 void ForEachSelected(const MainWindow& window, const std::function<bool(const std::string&)>& play) {
     for (std::size_t row = 0; row < window.FileList.Count(); ++row)
-        if (window.FileList.IsSelected(row) && !play(HostPath::ToHost(NameOnDisk(window.FileOf(row)))))
+        if (window.FileList.IsSelected(row) &&
+            !play(HostPath::ToHost(Renaming::NameOnDisk(window.FileOf(row)))))
             return;
 }
 
@@ -32,10 +34,6 @@ bool TellIfNot(bool started, const std::string& player) {
 }
 
 } // namespace
-
-std::string NameOnDisk(const MP3& file) {
-    return file.MP3File_OrigFileName().empty() ? file.MP3File_FileName() : file.MP3File_OrigFileName();
-}
 
 std::vector<std::string> PlayerCommand(const std::string& player, const std::string& parameters,
                                        const std::string& hostFile) {

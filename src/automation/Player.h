@@ -8,10 +8,6 @@
 namespace calyvox {
 
 class MainWindow;
-class MP3;
-
-/// The file's name on the disk, whatever it is to be renamed to.
-std::string NameOnDisk(const MP3& file);
 
 /// The player and its arguments. The parameters are cut into arguments first; then each "%P" in them becomes
 /// the file's host path, so that no name, whatever it holds, is taken for more than a part of one argument.

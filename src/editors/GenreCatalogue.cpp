@@ -125,16 +125,7 @@ void GenreCatalogue::SetOneToTwo(std::size_t target, bool isNew, const std::stri
 }
 
 void GenreCatalogue::Remove() {
-    if (OwnGenre.Count() == 0) return;
-    const std::size_t gone = OwnGenre.Current();
-    std::vector<RowList::Row> kept;
-    for (std::size_t row = 0; row < OwnGenre.Count(); ++row)
-        if (row != gone) kept.push_back(OwnGenre.At(row));
-    const RowList::Hold hold(OwnGenre);
-    OwnGenre.Clear();
-    for (RowList::Row& row : kept)
-        OwnGenre.Add(row.Text).SubItems = std::move(row.SubItems);
-    if (!kept.empty()) OwnGenre.SetCurrent(std::min(gone, kept.size() - 1));
+    if (OwnGenre.Count() > 0) OwnGenre.Remove(OwnGenre.Current());
 }
 
 } // namespace calyvox

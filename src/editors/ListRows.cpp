@@ -20,23 +20,13 @@ std::size_t Find(const RowList& rows, const std::string& text) {
 }
 
 void Remove(RowList& rows, std::size_t position) {
-    std::vector<RowList::Row> left;
-    for (std::size_t i = 0; i < rows.Count(); ++i)
-        if (i != position) left.push_back(rows.At(i));
-    const RowList::Hold hold(rows);
-    rows.Clear();
-    for (const RowList::Row& row : left) {
-        RowList::Row& added = rows.Add(row.Text);
-        added = row;
-        added.Selected = false;
-    }
-    if (!left.empty()) rows.SetCurrent(std::min(position, left.size() - 1));
+    rows.Remove(position);
+    rows.SelectAll(RowList::Flag::Off);
+    if (rows.Count() > 0) rows.SetCurrent(std::min(position, rows.Count() - 1));
 }
 
 void MoveToTop(RowList& rows, std::size_t position) {
-    std::vector<std::string> keys(rows.Count(), "1");
-    keys.at(position) = "0";
-    rows.SortByKeys(keys);
+    rows.MoveToTop(position);
     rows.SelectOnly(0, 0);
     rows.SetCurrent(0);
 }

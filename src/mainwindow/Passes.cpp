@@ -7,6 +7,7 @@
 #include "engine/MP3.h"
 #include "mainwindow/MainWindow.h"
 #include "mainwindow/NeedleIndex.h"
+#include "mainwindow/Renaming.h"
 #include "mainwindow/RowCells.h"
 #include "mainwindow/Unpainted.h"
 #include "platform/Failure.h"
@@ -84,19 +85,14 @@ std::string FileToShow(const MainWindow& window) {
     return {};
 }
 
-// A rename that is not done yet leaves the file under its old name.
-const std::string& NameOnDisk(const MP3& file) {
-    return file.MP3File_OrigFileName().empty() ? file.MP3File_FileName() : file.MP3File_OrigFileName();
-}
-
 void DeleteOne(const MP3& file) {
+    const std::string& path = Renaming::NameOnDisk(file);
     try {
-        FileSystem::DeleteFile(NameOnDisk(file));
+        FileSystem::DeleteFile(path);
     } catch (const Failure&) {
-        modBase::MsgResult =
-            modBase::ShowMessage("Error while deleting file! Perhaps the file\r" + NameOnDisk(file) +
-                                     "\ris write protected or used by another application.",
-                                 MsgBox::kExclamation, "Access denied!");
+        modBase::MsgResult = modBase::ShowMessage("Error while deleting file! Perhaps the file\r" + path +
+                                                      "\ris write protected or used by another application.",
+                                                  MsgBox::kExclamation, "Access denied!");
     }
 }
 

@@ -91,6 +91,10 @@ void MovePaths(MainWindow& window, const std::string& from, const std::string& t
 
 } // namespace
 
+const std::string& NameOnDisk(const MP3& file) {
+    return file.MP3File_OrigFileName().empty() ? file.MP3File_FileName() : file.MP3File_OrigFileName();
+}
+
 bool AfterLabelEdit(MainWindow& window, std::size_t row, std::string name) {
     modBase::NameWasCleaned = false;
     std::string cleaned;

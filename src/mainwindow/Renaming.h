@@ -10,8 +10,12 @@
 namespace calyvox {
 
 class MainWindow;
+class MP3;
 
 namespace Renaming {
+
+/// The name that a file has on the disk: a rename that is not done yet leaves it under its old one.
+const std::string& NameOnDisk(const MP3& file);
 
 /// A row's text was edited to the name given. Characters that a name cannot hold become "_"; a name that a
 /// listed file in the same folder has is refused, and the row keeps its text, as it does where the name is
