@@ -7,7 +7,9 @@
 #include "platform/CodePage.h"
 #include "platform/Failure.h"
 
+#include <algorithm>
 #include <array>
+#include <limits>
 
 namespace calyvox {
 
@@ -141,18 +143,19 @@ bool SettingsAreMissing(clsRegistry& registry) {
 }
 
 void WriteSettings(const SettingsEnvironment& environment, RegistryStore& store) {
-    RegistryStore::Batch batch(store);
-    clsRegistry registry(store);
-    registry.SetKey(InTree({}));
-    registry.setValue({}, kKey);
-    registry.SetKey(InTree("Version"));
-    registry.setValue(std::to_string(kSettingsGeneration), kNumber);
-    for (const SettingDefault& setting : SettingsCatalogue(environment)) {
-        registry.SetKey(InTree(setting.Path));
-        if (!registry.KeyExists()) registry.setValue(setting.Value, setting.Type);
-    }
-    const RegistryStore::Status status = batch.Commit();
-    if (status != RegistryStore::kSuccess) throw clsRegistry::CannotCreate(InTree({}), status);
+    WriteTogether(
+        [&] {
+            clsRegistry registry(store);
+            registry.SetKey(InTree({}));
+            registry.setValue({}, kKey);
+            registry.SetKey(InTree("Version"));
+            registry.setValue(std::to_string(kSettingsGeneration), kNumber);
+            for (const SettingDefault& setting : SettingsCatalogue(environment)) {
+                registry.SetKey(InTree(setting.Path));
+                if (!registry.KeyExists()) registry.setValue(setting.Value, setting.Type);
+            }
+        },
+        store);
 }
 
 } // namespace
@@ -211,6 +214,30 @@ std::string ReadSetting(const std::string& path, const std::string& fallback, Re
     });
     return text;
 }
+
+std::optional<std::int32_t> NumberSetting(const std::string& path) {
+    const std::string text = CodePage::Trim(ReadSetting(path));
+    const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
+    const bool digits =
+        text.size() > sign && std::all_of(text.begin() + static_cast<std::ptrdiff_t>(sign), text.end(),
+                                          [](char c) { return c >= '0' && c <= '9'; });
+    constexpr std::size_t kMostDigits = 10;
+    if (!digits || text.size() - sign > kMostDigits) return std::nullopt;
+    const double number = CodePage::LeadingNumber(text);
+    if (number > std::numeric_limits<std::int32_t>::max() ||
+        number < std::numeric_limits<std::int32_t>::min())
+        return std::nullopt;
+    return static_cast<std::int32_t>(number);
+}
+
+void WriteTogether(const std::function<void()>& writing, RegistryStore& store) {
+    RegistryStore::Batch batch(store);
+    writing();
+    const RegistryStore::Status status = batch.Commit();
+    if (status != RegistryStore::kSuccess) throw clsRegistry::CannotCreate(InTree({}), status);
+}
+
+void WriteNumber(const std::string& path, int number) { WriteSetting(path, std::to_string(number), kNumber); }
 
 void WriteSetting(const std::string& path, const std::string& value, std::uint32_t type,
                   RegistryStore& store) {

@@ -5,6 +5,8 @@
 #include "platform/RegistryStore.h"
 
 #include <cstdint>
+#include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -46,7 +48,12 @@ void CheckRegSettings(const SettingsEnvironment& environment, RegistryStore& sto
 /// A value of the tree as text, the fallback where it cannot be read.
 std::string ReadSetting(const std::string& path, const std::string& fallback = {},
                         RegistryStore& store = RegistryStore::Get());
-/// Raises the failures of clsRegistry.
+/// A setting that is a whole number of 32 bits; nothing for any other text.
+std::optional<std::int32_t> NumberSetting(const std::string& path);
+/// All that the writing writes becomes one step. Raises the failures of clsRegistry.
+void WriteTogether(const std::function<void()>& writing, RegistryStore& store = RegistryStore::Get());
+/// Each raises the failures of clsRegistry.
+void WriteNumber(const std::string& path, int number);
 void WriteSetting(const std::string& path, const std::string& value, std::uint32_t type,
                   RegistryStore& store = RegistryStore::Get());
 

@@ -7,7 +7,6 @@
 #include "app/modBase.h"
 #include "platform/CodePage.h"
 
-#include <algorithm>
 #include <limits>
 
 namespace calyvox {
@@ -25,26 +24,7 @@ void LoadChoice(const char* path, int first, int& choice) {
     if (number && (*number == first || *number == first + 1)) choice = *number;
 }
 
-void SaveNumber(const char* path, int number) {
-    WriteSetting(path, std::to_string(number), RegistryStore::kNumber);
-}
-
 } // namespace
-
-std::optional<std::int32_t> NumberSetting(const std::string& path) {
-    const std::string text = CodePage::Trim(ReadSetting(path));
-    const std::size_t sign = text.starts_with('-') || text.starts_with('+') ? 1 : 0;
-    const bool digits =
-        text.size() > sign && std::all_of(text.begin() + static_cast<std::ptrdiff_t>(sign), text.end(),
-                                          [](char c) { return c >= '0' && c <= '9'; });
-    constexpr std::size_t kMostDigits = 10;
-    if (!digits || text.size() - sign > kMostDigits) return std::nullopt;
-    const double number = CodePage::LeadingNumber(text);
-    if (number > std::numeric_limits<std::int32_t>::max() ||
-        number < std::numeric_limits<std::int32_t>::min())
-        return std::nullopt;
-    return static_cast<std::int32_t>(number);
-}
 
 void MainOptions::Load() {
     LoadChoice("Settings\\ToolPos", 1, ToolPos);
@@ -64,14 +44,14 @@ void MainOptions::Load() {
 }
 
 void MainOptions::Save() const {
-    SaveNumber("Settings\\DoubleClick", DoubleClick);
-    SaveNumber("Settings\\CoolLines", CoolLines ? 1 : 0);
-    SaveNumber("Settings\\ToolPos", ToolPos);
-    SaveNumber("Settings\\NotSave", NotSave ? 1 : 0);
-    SaveNumber("Settings\\SubDir", SubDir ? 1 : 0);
-    SaveNumber("Settings\\QuickEdit", QuickEdit ? 1 : 0);
-    SaveNumber("Settings\\UnSync", modBase::WriteUnSync() ? 1 : 0);
-    SaveNumber("Settings\\SingleCOMMGenre", SingleCOMMGenre ? 1 : 0);
+    WriteNumber("Settings\\DoubleClick", DoubleClick);
+    WriteNumber("Settings\\CoolLines", CoolLines ? 1 : 0);
+    WriteNumber("Settings\\ToolPos", ToolPos);
+    WriteNumber("Settings\\NotSave", NotSave ? 1 : 0);
+    WriteNumber("Settings\\SubDir", SubDir ? 1 : 0);
+    WriteNumber("Settings\\QuickEdit", QuickEdit ? 1 : 0);
+    WriteNumber("Settings\\UnSync", modBase::WriteUnSync() ? 1 : 0);
+    WriteNumber("Settings\\SingleCOMMGenre", SingleCOMMGenre ? 1 : 0);
 }
 
 bool MainOptions::IsChecked(std::string_view item) const {
@@ -91,7 +71,7 @@ void MainOptions::submnuSingleCOMMGenre() {
 // Written at once, since the version is asked for at every new tag.
 void MainOptions::submnuID3Ver(int index) {
     ID3V2Ver = index == 1 ? 4 : 3;
-    SaveNumber("Settings\\ID3V2Ver", ID3V2Ver);
+    WriteNumber("Settings\\ID3V2Ver", ID3V2Ver);
 }
 
 void MainOptions::submnuUnSync() {

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <string>
 #include <string_view>
 
 namespace calyvox {
@@ -39,8 +36,5 @@ struct MainOptions {
     void submnuID3Ver(int index);
     void submnuUnSync();
 };
-
-/// A setting that is a whole number; nothing for any other text.
-std::optional<std::int32_t> NumberSetting(const std::string& path);
 
 } // namespace calyvox

@@ -17,6 +17,9 @@
 #include "platform/CodePage.h"
 #include "platform/HostPath.h"
 
+#include <algorithm>
+#include <vector>
+
 namespace calyvox {
 
 namespace {

@@ -55,8 +55,7 @@ void SaveDialogPosition(const Form& form) {
     if (!PlacesAreKnown()) return;
     Skip([&] {
         const auto write = [&](const char* edge, int pixels) {
-            WriteSetting(PositionSetting(form, edge), std::to_string(pixels * kTwips),
-                         RegistryStore::kNumber);
+            WriteNumber(PositionSetting(form, edge), pixels * kTwips);
         };
         write("Top", form.geometry().y());
         write("Left", form.geometry().x());

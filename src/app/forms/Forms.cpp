@@ -48,7 +48,7 @@ void Forms::ShowBlocking(const QString& name, const QString& fallbackOwner) {
 // Modality of a visible window changes only when it is shown anew.
 void Forms::ShowAbove(Form& form, const QString& owner) {
     form.hide();
-    if (Form* above = loaded_.value(owner, nullptr)) SetFormOwner(form, *above);
+    SetFormOwner(form, owner);
     form.setWindowModality(Qt::ApplicationModal);
     modal_.removeAll(form.objectName());
     modal_.append(form.objectName());
@@ -57,15 +57,16 @@ void Forms::ShowAbove(Form& form, const QString& owner) {
     form.activateWindow();
 }
 
-void Forms::SetFormOwner(Form& child, Form& owner) {
-    if (child.parentWidget() == &owner) return;
+void Forms::SetFormOwner(Form& child, const QString& owner) const {
+    Form* const above = loaded_.value(owner, nullptr);
+    if (!above || child.parentWidget() == above) return;
     const bool placed = child.testAttribute(Qt::WA_Moved);
     const QRect place = child.geometry();
-    child.setParent(&owner, (child.windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
+    child.setParent(above, (child.windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     if (placed)
         child.setGeometry(place);
-    else if (owner.isVisible())
-        child.setGeometry(QRect(owner.geometry().center() - child.rect().center(), child.size()));
+    else if (above->isVisible())
+        child.setGeometry(QRect(above->geometry().center() - child.rect().center(), child.size()));
 }
 
 void Forms::HideAndReturn(const QString& name, const QString& owner) {

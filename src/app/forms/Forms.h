@@ -45,8 +45,8 @@ public:
     /// Unloads all modal forms, the newest first, as their close boxes would; false if one refused.
     bool UnloadModal();
 
-    /// Makes owner the window that child stays above and is minimised with; the child keeps its kind.
-    static void SetFormOwner(Form& child, Form& owner);
+    /// Makes owner, if it is loaded, the window that child stays above and is minimised with.
+    void SetFormOwner(Form& child, const QString& owner) const;
 
     /// Called when the last form is gone.
     void SetLastFormGone(std::function<void()> handler) { lastFormGone_ = std::move(handler); }

@@ -23,7 +23,7 @@ frmErrors::frmErrors() : ui_(std::make_unique<Ui::frmErrors>()) {
 frmErrors::~frmErrors() = default;
 
 void frmErrors::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     Dialogs::LoadDialogPosition(*this);
 }
 

@@ -52,7 +52,7 @@ frmOptions::frmOptions() : ui_(std::make_unique<Ui::frmOptions>()) {
 frmOptions::~frmOptions() = default;
 
 void frmOptions::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     ui_->PlayerPfad->setText(Dialogs::NameEditText(ReadSetting("Parameter\\PlayerPath")));
     ui_->PlayerParameter->setText(Dialogs::NameEditText(ReadSetting("Parameter\\PlayerParameter")));
     ui_->chkDefaultPlayer->setChecked(CodePage::LeadingNumber(ReadSetting("Parameter\\DefaultPlayer")) == 1);

@@ -43,7 +43,7 @@ frmID3V1::frmID3V1() : ui_(std::make_unique<Ui::frmID3V1>()), window_(TheMainWin
 frmID3V1::~frmID3V1() = default;
 
 void frmID3V1::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     Dialogs::LoadDialogPosition(*this);
     LoadTag();
 }

@@ -122,7 +122,7 @@ void frmID3V2::ConnectButtons() {
 }
 
 void frmID3V2::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     const std::vector<std::string> genres = OfferedGenres();
     ui_->TCON->SetRows(genres);
     ui_->TCONSingle->SetRows(genres);

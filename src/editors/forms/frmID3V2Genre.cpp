@@ -74,7 +74,7 @@ void frmID3V2Genre::LayOut() {
 }
 
 void frmID3V2Genre::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     file_ = IniFilePath();
     ReadGenres();
     BeginEntry();

@@ -56,10 +56,6 @@ void Welcome(const char* status) {
     TheServices().Yield();
 }
 
-void SaveNumber(const std::string& path, int number) {
-    WriteSetting(path, std::to_string(number), RegistryStore::kNumber);
-}
-
 } // namespace
 
 frmMain::frmMain(std::function<void()> endProcess)
@@ -73,7 +69,6 @@ frmMain::frmMain(std::function<void()> endProcess)
     rows_.SetEditable(true);
     ui_->FileList->SetRows(rows_);
     ui_->FileList->setContextMenuPolicy(Qt::CustomContextMenu);
-    ui_->FileList->installEventFilter(this);
     ui_->TreeViewContainer->setMinimumWidth(kLeastTreeWidth);
     ui_->Splitter->setSizes({kDesignTreeWidth, width() - kDesignTreeWidth});
     ui_->Splitter->setStretchFactor(1, 1);
@@ -312,38 +307,34 @@ bool frmMain::Unload() {
     bool goes = false;
     Dialogs::Guarded([&] { goes = window_.SaveQuestion(false); });
     if (!goes) return false;
-    Dialogs::Guarded([&] { SaveSettings(); });
+    Dialogs::Guarded([&] { WriteTogether([&] { SaveSettings(); }); });
     window_.FileList.Clear();
     modBase::LoadedMP3s = std::make_unique<MP3s>();
     return true;
 }
 
 void frmMain::SaveSettings() const {
-    RegistryStore::Batch batch(RegistryStore::Get());
     if (!window_.Options.NotSave && modBase::CommandLine.Save()) {
         const std::string& folder = modBase::ActivPath;
         WriteSetting("Parameter\\StartPath", folder.empty() ? "\\" : folder, RegistryStore::kText);
     }
     SaveColumns();
-    SaveNumber("Settings\\VerShow", modBase::VerShow);
+    WriteNumber("Settings\\VerShow", modBase::VerShow);
     if (Dialogs::PlacesAreKnown()) {
-        SaveNumber("Settings\\WindowLeft", geometry().x() * kTwips);
-        SaveNumber("Settings\\WindowTop", geometry().y() * kTwips);
+        WriteNumber("Settings\\WindowLeft", geometry().x() * kTwips);
+        WriteNumber("Settings\\WindowTop", geometry().y() * kTwips);
     }
-    SaveNumber("Settings\\WindowWidth", width() * kTwips);
-    SaveNumber("Settings\\WindowHeight", height() * kTwips);
+    WriteNumber("Settings\\WindowWidth", width() * kTwips);
+    WriteNumber("Settings\\WindowHeight", height() * kTwips);
     window_.Options.Save();
-    SaveNumber("Settings\\Foldertree", IsTreeShown() ? 1 : 0);
-    const RegistryStore::Status status = batch.Commit();
-    if (status != RegistryStore::kSuccess)
-        throw clsRegistry::CannotCreate("HKCU\\SOFTWARE\\Calyvox\\", status);
+    WriteNumber("Settings\\Foldertree", IsTreeShown() ? 1 : 0);
 }
 
 void frmMain::SaveColumns() const {
     const QHeaderView* header = ui_->FileList->header();
     for (int column = 0; column < kColumnCount; ++column) {
-        SaveNumber(ColumnSetting("Settings\\ColPos", column + 1), header->visualIndex(column) + 1);
-        SaveNumber(ColumnSetting("Settings\\ColWidth", column + 1), header->sectionSize(column) * kTwips);
+        WriteNumber(ColumnSetting("Settings\\ColPos", column + 1), header->visualIndex(column) + 1);
+        WriteNumber(ColumnSetting("Settings\\ColWidth", column + 1), header->sectionSize(column) * kTwips);
     }
 }
 
@@ -444,22 +435,22 @@ void frmMain::FinishEdit() {
     ui_->FileList->EditRow(static_cast<int>(row) + 1);
 }
 
+QString frmMain::EditorForm() const {
+    return window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
+}
+
 // Ctrl+Enter opens the editor of many files where more than one is selected.
 void frmMain::OpenEditorOfSelection() {
     CloseEdit();
     const bool many = window_.ListViewSelectedCount() >= 2;
-    const QString form =
-        window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
-    Forms::Instance().ShowModal(many ? form + QStringLiteral("Multi") : form, objectName());
+    Forms::Instance().ShowModal(EditorForm() + (many ? QStringLiteral("Multi") : QString()), objectName());
 }
 
 // Never the editor of many files, however many are selected.
 void frmMain::OpenEditor() {
     CloseEdit();
     if (Progress::Running() || !window_.CheckSelection()) return;
-    const QString form =
-        window_.Options.DoubleClick == 1 ? QStringLiteral("frmID3V1") : QStringLiteral("frmID3V2");
-    Forms::Instance().ShowModal(form, objectName());
+    Forms::Instance().ShowModal(EditorForm(), objectName());
 }
 
 // The process ends even where the question was answered with Cancel.

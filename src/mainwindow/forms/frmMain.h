@@ -63,6 +63,7 @@ private:
     bool IsTreeShown() const;
     void ToggleTree();
     void HideTree();
+    QString EditorForm() const;
     void OpenEditor();
     void OpenEditorOfSelection();
     void FinishEdit();

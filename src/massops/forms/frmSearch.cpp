@@ -4,7 +4,6 @@
 
 #include "app/Progress.h"
 #include "app/SettingsCatalogue.h"
-#include "app/clsRegistry.h"
 #include "app/forms/Dialogs.h"
 #include "app/forms/Forms.h"
 #include "mainwindow/MainWindow.h"
@@ -45,7 +44,7 @@ void frmSearch::submnuSearch() {
 }
 
 void frmSearch::Load() {
-    if (Forms::Instance().IsLoaded(kOwner)) Forms::SetFormOwner(*this, *Forms::Instance().Touch(kOwner));
+    Forms::Instance().SetFormOwner(*this, kOwner);
     Dialogs::LoadDialogPosition(*this);
     LoadSettings();
 }
@@ -67,17 +66,15 @@ void frmSearch::LoadSettings() {
 }
 
 void frmSearch::SaveSettings() const {
-    RegistryStore::Batch batch(RegistryStore::Get());
     const SearchOptions options = Options();
     const auto save = [](const char* path, int number) {
         WriteSetting(path, std::to_string(number), RegistryStore::kText);
     };
-    save("Settings\\SearchFrags", options.Fragments ? 1 : 0);
-    save("Settings\\SearchEck", options.Brackets ? 1 : 0);
-    save("Settings\\SearchItem", static_cast<int>(options.Scope));
-    const RegistryStore::Status status = batch.Commit();
-    if (status != RegistryStore::kSuccess)
-        throw clsRegistry::CannotCreate("HKCU\\SOFTWARE\\Calyvox\\", status);
+    WriteTogether([&] {
+        save("Settings\\SearchFrags", options.Fragments ? 1 : 0);
+        save("Settings\\SearchEck", options.Brackets ? 1 : 0);
+        save("Settings\\SearchItem", static_cast<int>(options.Scope));
+    });
 }
 
 SearchOptions frmSearch::Options() const {
