@@ -32,14 +32,6 @@ std::string DataFolder() {
     return home.empty() ? home : HostPath::FromHost(home) + "\\.local\\share\\calyvox";
 }
 
-void MakeFolders(const std::string& path) {
-    for (std::size_t end = 0; end != std::string::npos;) {
-        end = path.find('\\', end + 1);
-        const std::string folder = path.substr(0, end);
-        if (!FileSystem::FolderExists(folder)) Skip([&] { FileSystem::CreateFolder(folder); });
-    }
-}
-
 } // namespace
 
 std::string IniFilePath(std::string programFile) {
@@ -47,8 +39,16 @@ std::string IniFilePath(std::string programFile) {
     std::string beside = programFile.substr(0, programFile.rfind('\\') + 1) + kName;
     const std::string folder = DataFolder();
     if (folder.empty() || IsWritable(beside)) return beside;
-    MakeFolders(folder);
     return folder + "\\" + kName;
+}
+
+void MakeIniFolder(const std::string& iniFile) {
+    const std::string path = iniFile.substr(0, iniFile.rfind('\\'));
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = path.find('\\', end + 1);
+        const std::string folder = path.substr(0, end);
+        if (!FileSystem::FolderExists(folder)) Skip([&] { FileSystem::CreateFolder(folder); });
+    }
 }
 
 } // namespace calyvox

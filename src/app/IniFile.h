@@ -7,9 +7,11 @@
 namespace calyvox {
 
 /// The inside path of "Calyvox.ini", whether the file is there or not: beside the program where a writable
-/// one stands already, otherwise in the folder "calyvox" of $XDG_DATA_HOME or of ~/.local/share, which is
-/// made if need be. An empty program file means the running one. Nothing fails; where no folder can be made,
-/// writing the file will.
+/// one stands already, otherwise in the folder "calyvox" of $XDG_DATA_HOME or of ~/.local/share. An empty
+/// program file means the running one. Nothing fails.
 std::string IniFilePath(std::string programFile = {});
+
+/// Makes the folders that the file is to be written in. Where that cannot be, writing the file will fail.
+void MakeIniFolder(const std::string& iniFile);
 
 } // namespace calyvox

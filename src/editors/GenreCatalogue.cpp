@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 #include "editors/GenreCatalogue.h"
 
+#include "app/IniFile.h"
 #include "app/modBase.h"
 #include "editors/GenreRows.h"
 #include "engine/modID3V1.h"
@@ -77,6 +78,7 @@ void GenreCatalogue::ReadGenres(const std::string& file) {
 }
 
 bool GenreCatalogue::WriteGenres(const std::string& file) const {
+    MakeIniFolder(file);
     PrivateProfile::Batch batch(file);
     for (const char* section : {kGenreSection, kOneToTwoSection, kTwoToOneSection})
         batch.DeleteSection(section);

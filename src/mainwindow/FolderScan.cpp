@@ -20,19 +20,28 @@ std::string Join(const std::string& folder, const std::string& name) {
     return folder.ends_with('\\') ? folder + name : folder + "\\" + name;
 }
 
-// Names in the order of their upper-cased bytes; none where the folder cannot be listed.
-std::vector<std::string> Names(const std::string& folder, bool folders) {
-    std::vector<std::string> names;
+// What a folder holds for a scan; nothing where it cannot be listed.
+struct Listing {
+    std::vector<std::string> Folders;
+    std::vector<std::string> Files; // that end in ".mp3"
+};
+
+// Both in the order of their upper-cased bytes.
+Listing List(const std::string& folder) {
+    Listing listing;
     Skip([&] {
         for (FileSystem::Entry& entry : FileSystem::ListFolder(folder))
-            if (entry.Folder == folders && (folders || CodePage::EndsWithNoCase(entry.Name, ".mp3")))
-                names.push_back(std::move(entry.Name));
+            if (entry.Folder)
+                listing.Folders.push_back(std::move(entry.Name));
+            else if (CodePage::EndsWithNoCase(entry.Name, ".mp3"))
+                listing.Files.push_back(std::move(entry.Name));
     });
-    std::sort(names.begin(), names.end(), [](const std::string& a, const std::string& b) {
-        const int order = CodePage::CompareNoCase(a, b);
-        return order != 0 ? order < 0 : a < b;
-    });
-    return names;
+    for (std::vector<std::string>* names : {&listing.Folders, &listing.Files})
+        std::sort(names->begin(), names->end(), [](const std::string& a, const std::string& b) {
+            const int order = CodePage::CompareNoCase(a, b);
+            return order != 0 ? order < 0 : a < b;
+        });
+    return listing;
 }
 
 // False for what cannot be opened or is too short, and for a 2.3 tag that could not be cleaned. A file that
@@ -52,18 +61,20 @@ bool Read(MP3& file, const std::string& path) {
 void FolderScan::GetFolders(const std::string& path) {
     const auto identity = FileSystem::Identity(path);
     if (!identity || !entered_.emplace(identity->Device, identity->Inode).second) return;
-    for (const std::string& name : Names(path, true)) {
+    const Listing listing = List(path);
+    for (const std::string& name : listing.Folders) {
         progress_.Yield();
         if (Progress::Cancelled()) break;
         GetFolders(Join(path, name));
     }
-    GetFiles(path);
+    AddFiles(path, listing.Files);
     progress_.SetValue(0);
 }
 
-void FolderScan::GetFiles(const std::string& path) {
+void FolderScan::GetFiles(const std::string& path) { AddFiles(path, List(path).Files); }
+
+void FolderScan::AddFiles(const std::string& path, const std::vector<std::string>& names) {
     progress_.SetCaption("Scanning: " + path);
-    const std::vector<std::string> names = Names(path, false);
     for (std::size_t i = 0; i < names.size(); ++i) {
         progress_.Yield();
         if (Progress::Cancelled()) return;

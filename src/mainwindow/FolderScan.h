@@ -8,6 +8,7 @@
 #include <set>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace calyvox {
 
@@ -27,6 +28,8 @@ public:
     void ReadFoundFiles();
 
 private:
+    void AddFiles(const std::string& path, const std::vector<std::string>& names);
+
     Progress& progress_;
     std::set<std::pair<std::uint64_t, std::uint64_t>> entered_; // device and inode
 };
